@@ -1,0 +1,49 @@
+// Validation dispatch: one dense table from Class-Num to the family validator.
+//
+// The table is built once, at compile time, from the rows below; a Class-Num without a row
+// (or outside 1..235) is a class the library does not know, and its objects are answered 2
+// so that the caller can apply the unknown-class rules keyed on the two high bits.
+#include <array>
+
+#include "rsvp_object_internal.hpp"
+
+using namespace rsvp;
+
+namespace {
+
+using Validator = int (*)(uint8_t *);
+using Table = std::array<Validator, RSVP_CLASS_MAX>;
+
+// Fails the build (a non-constant expression in a consteval context) on a duplicate row or a
+// Class-Num outside the table.
+void duplicate_or_out_of_range_row() {}
+
+consteval void put(Table &table, unsigned class_num, Validator validate) {
+    if (class_num == 0 || class_num > RSVP_CLASS_MAX || table[class_num - 1] != nullptr ||
+        validate == nullptr)
+        duplicate_or_out_of_range_row();
+    table[class_num - 1] = validate;
+}
+
+consteval Table build_table() {
+    Table t{};
+    // One row per known class; each family adds its rows when it lands.
+    (void)put;
+    return t;
+}
+
+constexpr Table kValidators = build_table();
+
+}  // namespace
+
+extern "C" uint32_t rsvp_valid_object(uint8_t *obj) {
+    if (!obj) return RSVP_OBJECT_INVALID;
+    const uint16_t length = obj_length(obj);
+    if (length == 0 || length % kObjAlign != 0) return RSVP_OBJECT_INVALID;
+    const uint8_t class_num = obj_class(obj);
+    if (class_num == RSVP_CLASS_NULL || class_num > RSVP_CLASS_MAX)
+        return RSVP_OBJECT_UNKNOWN_CLASS;
+    const Validator validate = kValidators[class_num - 1];
+    if (!validate) return RSVP_OBJECT_UNKNOWN_CLASS;
+    return validate(obj) ? RSVP_OBJECT_VALID : RSVP_OBJECT_INVALID;
+}

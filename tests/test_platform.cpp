@@ -1,0 +1,118 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <thread>
+
+#include "rsvp_platform.h"
+#include "test_util.hpp"
+
+using namespace rsvp_test;
+
+namespace {
+
+uint32_t bits_of(float f) {
+    uint32_t b;
+    std::memcpy(&b, &f, 4);
+    return b;
+}
+
+constexpr int64_t kMax = std::numeric_limits<int64_t>::max();
+constexpr int64_t kMin = std::numeric_limits<int64_t>::min();
+
+}  // namespace
+
+TEST(IeeeToInt64, TruncatesTowardZero) {
+    struct Row {
+        float in;
+        int64_t out;
+    } rows[] = {{0.0f, 0},
+                {-0.0f, 0},
+                {0.99f, 0},
+                {-0.99f, 0},
+                {1.0f, 1},
+                {1.5f, 1},
+                {-1.5f, -1},
+                {2.5f, 2},
+                {1e-40f, 0},
+                {12500000.0f, 12500000},
+                {16777216.0f, 16777216},
+                {1.25e9f, 1250000000},
+                {-3.75e3f, -3750}};
+    for (const Row &r : rows) {
+        SCOPED_TRACE(r.in);
+        EXPECT_EQ(ieee_to_int64(bits_of(r.in)), r.out);
+    }
+}
+
+TEST(IeeeToInt64, SpecialValuesAndSaturation) {
+    EXPECT_EQ(ieee_to_int64(0x7f800000u), kMax);  // +inf
+    EXPECT_EQ(ieee_to_int64(0xff800000u), kMin);  // -inf
+    EXPECT_EQ(ieee_to_int64(0x7fc00000u), 0);     // NaN
+    EXPECT_EQ(ieee_to_int64(0xffffffffu), 0);     // NaN with sign
+    EXPECT_EQ(ieee_to_int64(bits_of(9.3e18f)), kMax);
+    EXPECT_EQ(ieee_to_int64(bits_of(-9.3e18f)), kMin);
+    EXPECT_EQ(ieee_to_int64(bits_of(-9.223372036854775808e18f)), kMin);  // exactly -2^63
+    EXPECT_EQ(ieee_to_int64(bits_of(3.4e38f)), kMax);
+    // The largest float below 2^63 is exact.
+    EXPECT_EQ(ieee_to_int64(0x5effffffu), 9223371487098961920LL);
+}
+
+// Every integer that a single float holds exactly comes back unchanged.
+TEST(IeeeConversion, ExactForEveryIntegerAFloatHolds) {
+    for (int64_t v = -(1 << 24); v <= (1 << 24); v += 997) {
+        ASSERT_EQ(ieee_to_int64(int64_to_ieee(v)), v);
+    }
+    for (int shift = 0; shift < 63; ++shift) {
+        const int64_t v = int64_t{1} << shift;
+        ASSERT_EQ(ieee_to_int64(int64_to_ieee(v)), v) << shift;
+        ASSERT_EQ(ieee_to_int64(int64_to_ieee(-v)), -v) << shift;
+    }
+}
+
+TEST(Int64ToIeee, RoundsToNearest) {
+    EXPECT_EQ(int64_to_ieee(0), 0u);
+    EXPECT_EQ(int64_to_ieee(1), 0x3f800000u);
+    EXPECT_EQ(int64_to_ieee(-2), 0xc0000000u);
+    // 2^24 + 1 lies halfway: ties go to even (2^24); 2^24 + 3 rounds up to 2^24 + 4.
+    EXPECT_EQ(ieee_to_int64(int64_to_ieee((1 << 24) + 1)), 1 << 24);
+    EXPECT_EQ(ieee_to_int64(int64_to_ieee((1 << 24) + 3)), (1 << 24) + 4);
+    EXPECT_EQ(int64_to_ieee(kMax), 0x5f000000u);  // 2^63
+}
+
+TEST(InetNtoaR, DottedQuadOfWireOrder) {
+    EXPECT_STREQ(inet_ntoa_r(ip("192.168.10.1")), "192.168.10.1");
+    EXPECT_STREQ(inet_ntoa_r(ip("255.255.255.255")), "255.255.255.255");
+    EXPECT_STREQ(inet_ntoa_r(0), "0.0.0.0");
+    const char *mine = inet_ntoa_r(ip("1.2.3.4"));
+    std::thread([] { inet_ntoa_r(ip("9.9.9.9")); }).join();
+    EXPECT_STREQ(mine, "1.2.3.4");  // another thread's call uses its own buffer
+}
+
+TEST(Sstrncpy, AlwaysTerminates) {
+    char buf[6];
+    std::memset(buf, 'x', sizeof buf);
+    EXPECT_EQ(sstrncpy(buf, "abcdefgh", sizeof buf), buf);
+    EXPECT_STREQ(buf, "abcde");
+    EXPECT_STREQ(sstrncpy(buf, "ab", sizeof buf), "ab");
+    EXPECT_STREQ(sstrncpy(buf, "", sizeof buf), "");
+    buf[0] = 'q';
+    sstrncpy(buf, "zz", 0);  // no room: nothing written
+    EXPECT_EQ(buf[0], 'q');
+    sstrncpy(buf, "zz", 1);
+    EXPECT_EQ(buf[0], '\0');
+}
+
+TEST(InterfaceService, NamesOfHostInterfaces) {
+    char name[64] = "untouched";
+    EXPECT_NE(intf_svc_interface_name(0, name), 0);
+    EXPECT_NE(intf_svc_interface_name(0x7fffffff, name), 0);
+    EXPECT_STREQ(name, "untouched");
+    // Index 1 is the loopback interface on Linux hosts, network namespaces included.
+    if (intf_svc_interface_name(1, name) == 0) {
+        EXPECT_STREQ(name, "lo");
+    }
+    EXPECT_STREQ(intf_svc_display_name("eth0", RSVP_INTF_DISPLAY_SHORT), "eth0");
+    EXPECT_STREQ(intf_svc_display_name("eth0", RSVP_INTF_DISPLAY_LONG), "eth0");
+}

@@ -1,0 +1,93 @@
+// Small fixtures shared by the family tests: byte vectors from hex, objects from a body,
+// exact-size heap copies (so that a read past the end shows under AddressSanitizer) and
+// wire-order IPv4 addresses.
+#pragma once
+
+#include <arpa/inet.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace rsvp_test {
+
+using Bytes = std::vector<uint8_t>;
+
+// "00 0c 01 07 ..." (spaces, newlines and ':' ignored) to bytes.
+inline Bytes hex(const char *text) {
+    Bytes out;
+    int nibble = -1;
+    for (const char *p = text; *p; ++p) {
+        int v;
+        if (*p >= '0' && *p <= '9')
+            v = *p - '0';
+        else if (*p >= 'a' && *p <= 'f')
+            v = *p - 'a' + 10;
+        else if (*p >= 'A' && *p <= 'F')
+            v = *p - 'A' + 10;
+        else
+            continue;
+        if (nibble < 0) {
+            nibble = v;
+        } else {
+            out.push_back(static_cast<uint8_t>(nibble << 4 | v));
+            nibble = -1;
+        }
+    }
+    return out;
+}
+
+inline std::string to_hex(const uint8_t *p, size_t n) {
+    std::string s;
+    char buf[4];
+    for (size_t i = 0; i < n; ++i) {
+        std::snprintf(buf, sizeof buf, i ? " %02x" : "%02x", p[i]);
+        s += buf;
+    }
+    return s;
+}
+inline std::string to_hex(const Bytes &b) {
+    return to_hex(b.data(), b.size());
+}
+
+// An object with the given header fields around body; length defaults to 4 + body size.
+inline Bytes object(uint8_t class_num, uint8_t c_type, const Bytes &body, int length = -1) {
+    const size_t len = length < 0 ? 4 + body.size() : static_cast<size_t>(length);
+    Bytes out{static_cast<uint8_t>(len >> 8), static_cast<uint8_t>(len), class_num, c_type};
+    out.insert(out.end(), body.begin(), body.end());
+    return out;
+}
+
+inline Bytes concat(std::initializer_list<Bytes> parts) {
+    Bytes out;
+    for (const Bytes &p : parts)
+        out.insert(out.end(), p.begin(), p.end());
+    return out;
+}
+
+// A heap buffer holding exactly the given bytes (plus optional slack), so that any read
+// beyond them is caught by the address sanitizer.
+struct HeapBytes {
+    std::unique_ptr<uint8_t[]> buf;
+    size_t size = 0;
+    uint8_t *data() { return buf.get(); }
+};
+
+inline HeapBytes heap_copy(const Bytes &b, size_t slack = 0) {
+    HeapBytes h{std::make_unique<uint8_t[]>(b.size() + slack), b.size()};
+    if (!b.empty()) std::memcpy(h.buf.get(), b.data(), b.size());
+    return h;
+}
+
+// An IPv4 address as it crosses the interface: the four wire bytes, unconverted.
+inline uint32_t ip(const char *dotted) {
+    in_addr a{};
+    inet_pton(AF_INET, dotted, &a);
+    return a.s_addr;
+}
+
+}  // namespace rsvp_test

@@ -1,0 +1,46 @@
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "rsvp_object_lib.h"
+#include "test_util.hpp"
+
+using namespace rsvp_test;
+
+TEST(ValidObject, HeaderChecksComeFirst) {
+    EXPECT_EQ(rsvp_valid_object(nullptr), 0u);
+    Bytes zero = object(1, 1, Bytes(8, 0), 0);
+    EXPECT_EQ(rsvp_valid_object(zero.data()), 0u);
+    // Length 6 fails before the class is looked at, even for an unknown class.
+    for (uint8_t cls : {1, 2, 0, 236}) {
+        SCOPED_TRACE(cls);
+        Bytes six = object(cls, 1, hex("00 00"), 6);
+        EXPECT_EQ(rsvp_valid_object(six.data()), 0u);
+    }
+}
+
+TEST(ValidObject, NullAndOutOfTableClassesAreUnknown) {
+    for (unsigned cls :
+         {0u, 2u, 17u, 18u, 26u, 33u, 38u, 63u, 128u, 198u, 233u, 234u, 236u, 255u}) {
+        SCOPED_TRACE(cls);
+        Bytes b = object(static_cast<uint8_t>(cls), 1, Bytes(4, 0));
+        EXPECT_EQ(rsvp_valid_object(b.data()), 2u);
+    }
+}
+
+// Every Class-Num the library does not know answers 2, whatever the body; a well-formed
+// header of any length that is a multiple of 4 reaches that answer.
+TEST(ValidObject, UnknownClassesAnswerTwoForAnyWellFormedLength) {
+    const std::set<unsigned> known = {1,   3,   4,   5,   6,   7,   8,   9,   10,  11,  12,
+                                      13,  14,  15,  16,  19,  20,  21,  22,  23,  24,  25,
+                                      34,  35,  36,  37,  50,  64,  65,  66,  67,  129, 130,
+                                      131, 190, 196, 197, 199, 203, 207, 208, 232, 235};
+    for (unsigned cls = 0; cls < 256; ++cls) {
+        if (known.count(cls)) continue;
+        SCOPED_TRACE(cls);
+        for (uint16_t len : {4, 8, 64}) {
+            HeapBytes b = heap_copy(object(static_cast<uint8_t>(cls), 0, Bytes(len - 4, 0xFF)));
+            EXPECT_EQ(rsvp_valid_object(b.data()), 2u);
+        }
+    }
+}

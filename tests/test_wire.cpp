@@ -1,0 +1,44 @@
+#include <gtest/gtest.h>
+
+#include "rsvp_assert.hpp"
+#include "rsvp_wire.hpp"
+#include "test_util.hpp"
+
+using namespace rsvp;
+using namespace rsvp_test;
+
+// Every helper is exercised at an odd address: a typed load or store would trip the
+// alignment check of the undefined-behaviour sanitizer.
+TEST(Wire, LoadsAndStoresAtOddAddresses) {
+    alignas(8) uint8_t buf[16] = {};
+    uint8_t *p = buf + 1;
+    wire::store_be16(p, 0x1234);
+    EXPECT_EQ(to_hex(p, 2), "12 34");
+    EXPECT_EQ(wire::load_be16(p), 0x1234);
+    wire::store_be32(p, 0x89abcdefu);
+    EXPECT_EQ(to_hex(p, 4), "89 ab cd ef");
+    EXPECT_EQ(wire::load_be32(p), 0x89abcdefu);
+    wire::store_be64(p, 0x0102030405060708ull);
+    EXPECT_EQ(to_hex(p, 8), "01 02 03 04 05 06 07 08");
+    EXPECT_EQ(wire::load_be64(p), 0x0102030405060708ull);
+    wire::store8(p, 0x7f);
+    EXPECT_EQ(wire::load8(p), 0x7f);
+}
+
+TEST(Wire, RawWordsKeepTheirBytes) {
+    alignas(8) uint8_t buf[8] = {0, 10, 0, 0, 1, 0, 0, 0};
+    const uint32_t addr = wire::load_raw32(buf + 1);
+    EXPECT_EQ(addr, ip("10.0.0.1"));
+    uint8_t out[7] = {};
+    wire::store_raw32(out + 3, addr);
+    EXPECT_EQ(to_hex(out + 3, 4), "0a 00 00 01");
+    EXPECT_EQ(wire::net_to_host32(ip("1.2.3.4")), 0x01020304u);
+    EXPECT_EQ(wire::host_to_net32(0x01020304u), ip("1.2.3.4"));
+}
+
+TEST(AssertDeathTest, StopsTheProcessAndNamesTheLine) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_DEATH(rsvp::assert_fail(4242), "assertion failed at line 4242");
+    const int line = __LINE__ + 1;
+    EXPECT_DEATH(RSVP_ASSERT(1 + 1 == 3), "line " + std::to_string(line));
+}

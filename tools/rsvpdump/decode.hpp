@@ -1,0 +1,53 @@
+// rsvpdump's decoders: one per object class, each in the file of its family.
+//
+// A family file defines a function that prints the fields of a valid object of its class and
+// registers it with RSVPDUMP_DECODER; main() calls it for every object that rsvp_valid_object
+// accepts. Decoders use the library's public functions only.
+#pragma once
+
+#include <cstdarg>
+#include <cstdint>
+#include <cstdio>
+#include <string>
+
+namespace rsvpdump {
+
+// Where a decoder writes: one indented line per call.
+class Out {
+  public:
+    explicit Out(std::FILE *f) : f_(f) {}
+    __attribute__((format(printf, 2, 3))) void line(const char *fmt, ...) {
+        std::fputs("      ", f_);
+        va_list ap;
+        va_start(ap, fmt);
+        std::vfprintf(f_, fmt, ap);
+        va_end(ap);
+        std::fputc('\n', f_);
+    }
+
+  private:
+    std::FILE *f_;
+};
+
+using Decoder = void (*)(uint8_t *obj, Out &out);
+
+// Registers the decoder of a class; returns true so that it can initialise a static.
+bool register_decoder(uint8_t class_num, Decoder decode);
+Decoder find_decoder(uint8_t class_num);
+
+// Name of a Class-Num for the object line ("SESSION"), or nullptr for a class without one.
+const char *class_name(uint8_t class_num);
+
+// Dotted quad of a wire-order address (a fresh string, safe to use twice in one line).
+std::string addr(uint32_t wire_order);
+
+// Hex of a byte run, "0x" followed by two digits a byte.
+std::string hex_bytes(const uint8_t *p, size_t n);
+
+}  // namespace rsvpdump
+
+#define RSVPDUMP_CONCAT2(a, b) a##b
+#define RSVPDUMP_CONCAT(a, b) RSVPDUMP_CONCAT2(a, b)
+#define RSVPDUMP_DECODER(class_num, fn)                                                  \
+    [[maybe_unused]] static const bool RSVPDUMP_CONCAT(rsvpdump_registered_, __LINE__) = \
+        rsvpdump::register_decoder(class_num, fn)
