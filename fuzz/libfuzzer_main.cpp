@@ -1,0 +1,6 @@
+#include "fuzz_registry.hpp"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+    rsvp_fuzz::run_one(data, size);
+    return 0;
+}
