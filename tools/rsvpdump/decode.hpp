@@ -31,9 +31,13 @@ class Out {
 
 using Decoder = void (*)(uint8_t *obj, Out &out);
 
-// Registers the decoder of a class; returns true so that it can initialise a static.
-bool register_decoder(uint8_t class_num, Decoder decode);
-Decoder find_decoder(uint8_t class_num);
+// Matches every C-Type of a class.
+inline constexpr int kAnyCType = -1;
+
+// Registers the decoder of a class (for one C-Type, or for kAnyCType); returns true so that it
+// can initialise a static. A decoder for the exact C-Type wins over one for kAnyCType.
+bool register_decoder(uint8_t class_num, int c_type, Decoder decode);
+Decoder find_decoder(uint8_t class_num, uint8_t c_type);
 
 // Name of a Class-Num for the object line ("SESSION"), or nullptr for a class without one.
 const char *class_name(uint8_t class_num);

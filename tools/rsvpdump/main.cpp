@@ -128,7 +128,9 @@ bool dump_message(const Source &src, std::vector<uint8_t> &msg) {
             ok = false;
         }
         if (verdict == RSVP_OBJECT_VALID) {
-            if (rsvpdump::Decoder decode = rsvpdump::find_decoder(cls)) decode(obj, out);
+            if (rsvpdump::Decoder decode =
+                    rsvpdump::find_decoder(cls, static_cast<uint8_t>(RSVP_OBJECT_C_TYPE(obj))))
+                decode(obj, out);
         }
         rsvp_next_nonnull_object(obj, &remaining);
     }

@@ -8,8 +8,12 @@ namespace rsvpdump {
 
 namespace {
 
-std::array<Decoder, 256> &decoders() {
-    static std::array<Decoder, 256> table{};
+// Indexed by Class-Num, then by C-Type; the extra last column holds the any-C-Type decoder.
+constexpr size_t kAnyColumn = 256;
+using DecoderTable = std::array<std::array<Decoder, kAnyColumn + 1>, 256>;
+
+DecoderTable &decoders() {
+    static DecoderTable table{};
     return table;
 }
 
