@@ -71,13 +71,14 @@ constexpr ClassName kClassNames[] = {
 
 }  // namespace
 
-bool register_decoder(uint8_t class_num, Decoder decode) {
-    decoders()[class_num] = decode;
+bool register_decoder(uint8_t class_num, int c_type, Decoder decode) {
+    decoders()[class_num][c_type == kAnyCType ? kAnyColumn : static_cast<uint8_t>(c_type)] = decode;
     return true;
 }
 
-Decoder find_decoder(uint8_t class_num) {
-    return decoders()[class_num];
+Decoder find_decoder(uint8_t class_num, uint8_t c_type) {
+    const auto &row = decoders()[class_num];
+    return row[c_type] ? row[c_type] : row[kAnyColumn];
 }
 
 const char *class_name(uint8_t class_num) {
