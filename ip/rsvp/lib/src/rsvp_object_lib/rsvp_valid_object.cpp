@@ -27,8 +27,19 @@ consteval void put(Table &table, unsigned class_num, Validator validate) {
 
 consteval Table build_table() {
     Table t{};
-    // One row per known class; each family adds its rows when it lands.
+    // One row per known class, grouped by family; each family adds its rows when it lands.
     (void)put;
+    // @@rows:session@@
+    // @@rows:hop@@
+    // @@rows:basic@@
+    // @@rows:error_spec@@
+    // @@rows:sender@@
+    // @@rows:integrity@@
+    // @@rows:intserv@@
+    // @@rows:adspec@@
+    // @@rows:explicit_route@@
+    // @@rows:record_route@@
+    // @@rows:exclude_route@@
     return t;
 }
 
