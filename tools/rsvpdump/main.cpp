@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "decode.hpp"
+#include "pcap.hpp"
 #include "rsvp_object_lib.h"
 
 namespace {
@@ -54,8 +55,11 @@ bool parse_hex(const std::string &text, std::vector<uint8_t> &out, std::string &
         }
         const int hi = hex_digit(text[i]);
         if (hi < 0) {
-            why = "'" + std::string(1, text[i]) + "' at column " + std::to_string(i + 1) +
-                  " is not a hex digit";
+            char shown[8];
+            const auto c = static_cast<unsigned char>(text[i]);
+            std::snprintf(shown, sizeof shown, std::isprint(c) ? "'%c'" : "byte 0x%02x", c);
+            why =
+                std::string(shown) + " at column " + std::to_string(i + 1) + " is not a hex digit";
             return false;
         }
         const int lo = i + 1 < text.size() ? hex_digit(text[i + 1]) : -1;
@@ -157,26 +161,63 @@ bool dump_stream(std::istream &in, const std::string &name) {
     return ok;
 }
 
+bool dump_capture(const std::string &path) {
+    bool ok = true;
+    std::string why;
+    const bool read = rsvpdump::read_capture(
+        path,
+        [&](unsigned packet, std::vector<uint8_t> &msg) {
+            if (!dump_message(Source{path, packet}, msg)) ok = false;
+        },
+        why);
+    if (!read) {
+        std::fprintf(stderr, "rsvpdump: %s: %s\n", path.c_str(), why.c_str());
+        return false;
+    }
+    return ok;
+}
+
+bool is_capture(const std::string &f) {
+    auto ends = [&](const char *ext) {
+        const size_t n = std::strlen(ext);
+        return f.size() >= n && f.compare(f.size() - n, n, ext) == 0;
+    };
+    return ends(".pcap") || ends(".pcapng");
+}
+
 void usage() {
     std::fprintf(stderr,
-                 "usage: rsvpdump [FILE...]\n"
+                 "usage: rsvpdump [--pcap] [FILE...]\n"
                  "Reads RSVP messages as hex, one per line ('#' starts a comment), from each\n"
-                 "FILE or from standard input, and prints their header and objects.\n");
+                 "FILE or from standard input, and prints their header and objects. Files named\n"
+                 "*.pcap or *.pcapng, or every FILE after --pcap, are read as packet captures:\n"
+                 "each IPv4/IPv6 packet of protocol 46 is one message, numbered by packet.\n");
 }
 
 }  // namespace
 
 int main(int argc, char **argv) {
-    std::vector<std::string> files(argv + 1, argv + argc);
-    for (const std::string &f : files) {
-        if (f == "-h" || f == "--help") {
+    std::vector<std::string> files;
+    bool captures = false;
+    for (int i = 1; i < argc; ++i) {
+        const std::string arg = argv[i];
+        if (arg == "-h" || arg == "--help") {
             usage();
             return 0;
         }
+        if (arg == "--pcap") {
+            captures = true;
+            continue;
+        }
+        files.push_back(arg);
     }
     if (files.empty()) files.push_back("-");
     bool ok = true;
     for (const std::string &f : files) {
+        if (f != "-" && (captures || is_capture(f))) {
+            ok = dump_capture(f) && ok;
+            continue;
+        }
         if (f == "-") {
             ok = dump_stream(std::cin, "<stdin>") && ok;
             continue;
