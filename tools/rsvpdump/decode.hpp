@@ -52,6 +52,6 @@ std::string hex_bytes(const uint8_t *p, size_t n);
 
 #define RSVPDUMP_CONCAT2(a, b) a##b
 #define RSVPDUMP_CONCAT(a, b) RSVPDUMP_CONCAT2(a, b)
-#define RSVPDUMP_DECODER(class_num, fn)                                                  \
+#define RSVPDUMP_DECODER(class_num, c_type, fn)                                          \
     [[maybe_unused]] static const bool RSVPDUMP_CONCAT(rsvpdump_registered_, __LINE__) = \
-        rsvpdump::register_decoder(class_num, fn)
+        rsvpdump::register_decoder(class_num, c_type, fn)

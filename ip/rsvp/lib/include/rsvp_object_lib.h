@@ -171,29 +171,966 @@ RSVP_API uint32_t rsvp_valid_object(uint8_t *obj);
 
 /* @@family:session@@ */
 
+/* ======================================================================================
+ * SESSION (Class-Num 1). Addresses and the Extended Tunnel ID cross in wire order; ports,
+ * Tunnel IDs and the P2MP ID in host order.
+ * ====================================================================================== */
+enum {
+    RSVP_CTYPE_SESSION_IPV4 = 1,
+    RSVP_CTYPE_SESSION_IPV6 = 2,
+    RSVP_CTYPE_SESSION_LSP_TUNNEL_IPV4 = 7,
+    RSVP_CTYPE_SESSION_LSP_TUNNEL_IPV6 = 8,
+    RSVP_CTYPE_SESSION_UNI_IPV4 = 9,
+    RSVP_CTYPE_SESSION_P2MP_LSP_IPV4 = 13,
+    RSVP_CTYPE_SESSION_P2MP_LSP_IPV6 = 14
+};
+/* Object lengths of the IPv4 kinds. */
+enum { RSVP_SESSION_IPV4_LEN = 12, RSVP_SESSION_TUNNEL_IPV4_LEN = 16 };
+/* Protocol Ids for which an IPv4 session may name a destination port. */
+enum { RSVP_IP_PROTOCOL_TCP = 6, RSVP_IP_PROTOCOL_UDP = 17 };
+
+/* Writes a 12-byte IPv4 SESSION (C-Type 1); the port is converted to network order. */
+RSVP_API void rsvp_build_session_ipv4(uint8_t *obj, uint32_t dest_addr, uint8_t protocol,
+                                      uint8_t flags, uint16_t port);
+/* Writes a 16-byte LSP_TUNNEL_IPv4 SESSION (C-Type 7), reserved field 0. */
+RSVP_API void rsvp_build_session_lsp_tunnel_ipv4(uint8_t *obj, uint32_t end_point,
+                                                 uint16_t tunnel_id, uint32_t ext_tunnel_id);
+/* Writes a 16-byte P2MP LSP IPv4 SESSION (C-Type 13); the P2MP ID is a host-order number. */
+RSVP_API void rsvp_build_session_p2mp_lsp_ipv4(uint8_t *obj, uint32_t p2mp_id,
+                                               uint16_t tunnel_id, uint32_t ext_tunnel_id);
+/* Writes a 16-byte UNI IPv4 SESSION (C-Type 9), reserved field 0. */
+RSVP_API void rsvp_build_session_uni_ipv4(uint8_t *obj, uint32_t dest_addr, uint16_t tunnel_id,
+                                          uint32_t ext_tunnel_id);
+/* 1 and the fields of a valid C-Type 1 SESSION; 0 with the outputs untouched otherwise. */
+RSVP_API int rsvp_extract_session_ipv4(uint8_t *obj, uint32_t *dest_addr, uint8_t *protocol,
+                                       uint16_t *port);
+/* 1 and the fields of a valid C-Type 7 SESSION; 0 with the outputs untouched otherwise. */
+RSVP_API int rsvp_extract_session_lsp_tunnel_ipv4(uint8_t *obj, uint32_t *end_point,
+                                                  uint16_t *tunnel_id, uint32_t *ext_tunnel_id);
+/* 1 and the fields of a valid C-Type 13 SESSION; 0 with the outputs untouched otherwise. */
+RSVP_API int rsvp_extract_session_p2mp_lsp_ipv4(uint8_t *obj, uint32_t *p2mp_id,
+                                                uint16_t *tunnel_id, uint32_t *ext_tunnel_id);
+/* 1 and the fields of a valid C-Type 9 SESSION; 0 with the outputs untouched otherwise. */
+RSVP_API int rsvp_extract_session_uni_ipv4(uint8_t *obj, uint32_t *dest_addr,
+                                           uint16_t *tunnel_id, uint32_t *ext_tunnel_id);
+/* 1 for a valid IPv4 SESSION of C-Type 1, 7, 9 or 13; 0 otherwise (and for NULL). Tunnel and
+ * UNI sessions whose Extended Tunnel ID equals their end point address are invalid. */
+RSVP_API int rsvp_valid_session_ipv4(uint8_t *obj);
+/* Address at offset 4 of a C-Type 1, 7 or 9 SESSION, wire order; 0 otherwise. */
+RSVP_API uint32_t rsvp_session_gen_ipv4_dst(uint8_t *obj);
+/* Port or Tunnel ID of a C-Type 1, 7, 9 or 13 SESSION, host order; 0 otherwise. */
+RSVP_API uint16_t rsvp_session_gen_ipv4_port(uint8_t *obj);
+/* Extended Tunnel ID of a C-Type 7, 9 or 13 SESSION, wire order; 0 otherwise. */
+RSVP_API uint32_t rsvp_session_gen_ipv4_ext_id(uint8_t *obj);
+/* P2MP ID of a C-Type 13 SESSION, host order; 0 otherwise. */
+RSVP_API uint32_t rsvp_session_gen_p2mp_id(uint8_t *obj);
+/* Protocol Id of a C-Type 1 SESSION; 0 otherwise. */
+RSVP_API uint8_t rsvp_session_gen_ipv4_protocol(uint8_t *obj);
+/* Flags byte of a C-Type 1 SESSION; 0 otherwise. */
+RSVP_API uint8_t rsvp_session_gen_ipv4_flags(uint8_t *obj);
+/* As rsvp_session_gen_ipv4_dst. */
+RSVP_API uint32_t RSVP_SESSION_DESTINATION(uint8_t *obj);
+/* As rsvp_session_gen_ipv4_port. */
+RSVP_API uint16_t RSVP_SESSION_PORT(uint8_t *obj);
+/* As rsvp_session_gen_ipv4_ext_id. */
+RSVP_API uint32_t RSVP_SESSION_EXT_TUNNEL_ID(uint8_t *obj);
+/* As rsvp_session_gen_p2mp_id. */
+RSVP_API uint32_t RSVP_SESSION_P2MP_ID(uint8_t *obj);
+/* As rsvp_session_gen_ipv4_protocol. */
+RSVP_API uint8_t RSVP_SESSION_PROTOCOL(uint8_t *obj);
+/* As rsvp_session_gen_ipv4_flags. */
+RSVP_API uint8_t RSVP_SESSION_FLAGS(uint8_t *obj);
+/* C-Type predicates (the Class-Num is not looked at): 1 or 0, and 0 for NULL. */
+/* C-Type 1. */
+RSVP_API int rsvp_ip_ipv4_session(uint8_t *obj);
+/* C-Type 7. */
+RSVP_API int rsvp_tunnel_ipv4_session(uint8_t *obj);
+/* C-Type 9. */
+RSVP_API int rsvp_uni_ipv4_session(uint8_t *obj);
+/* C-Type 13. */
+RSVP_API int rsvp_p2mp_lsp_ipv4_session(uint8_t *obj);
+/* C-Types 1, 7, 9 and 13. */
+RSVP_API int rsvp_session_gen_is_family_ipv4(uint8_t *obj);
+/* C-Types 2, 8 and 14. */
+RSVP_API int rsvp_session_gen_is_family_ipv6(uint8_t *obj);
+/* C-Types 7 and 13 (a UNI session is not counted as a tunnel). */
+RSVP_API int rsvp_session_gen_ipv4_is_tunnel(uint8_t *obj);
+/* C-Types 8 and 14. */
+RSVP_API int rsvp_session_gen_ipv6_is_tunnel(uint8_t *obj);
+/* C-Types 7, 13, 8 and 14. */
+RSVP_API int rsvp_session_gen_is_family_tunnel(uint8_t *obj);
+/* Total order of sessions: -1, 0 or 1 (a NULL session has C-Type 0). A zero port of an IPv4
+ * session, and a zero Extended Tunnel ID of the other kinds, match any value. */
+RSVP_API int rsvp_compare_sessions(uint8_t *a, uint8_t *b);
+
 /* @@family:hop@@ */
+enum {
+    RSVP_CTYPE_RSVP_HOP_IPV4 = 1,
+    RSVP_CTYPE_RSVP_HOP_IF_ID_IPV4 = 3,
+    /* Both hop C-Types: address at offset 4, logical interface handle at 8, TLVs from 12. */
+    RSVP_HOP_IPV4_LEN = 12,
+    RSVP_HOP_IF_ID_TLV_OFFSET = 12,
+    /* IF_ID TLV: 16-bit type, 16-bit length (header included), value. */
+    RSVP_HOP_IF_ID_TLV_HDR_LEN = 4,
+    RSVP_HOP_IF_ID_TLV_IPV4 = 1,            /* IPv4 interface address */
+    RSVP_HOP_IF_ID_TLV_INDEX = 3,           /* interface index, forward and reverse */
+    RSVP_HOP_IF_ID_TLV_COMPONENT_FWD = 4,   /* component interface, forward */
+    RSVP_HOP_IF_ID_TLV_COMPONENT_REV = 5,   /* component interface, reverse */
+    RSVP_HOP_IF_ID_TLV_IPV4_LEN = 8,        /* address */
+    RSVP_HOP_IF_ID_TLV_INDEX_LEN = 12,      /* address and interface ID (types 3, 4, 5) */
+    /* Kinds reported by rsvp_get_gmpls_hop_if_id_tlv. */
+    RSVP_HOP_IF_ID_KIND_NONE = 0,
+    RSVP_HOP_IF_ID_KIND_IPV4 = 1,
+    RSVP_HOP_IF_ID_KIND_INDEX = 2
+};
+
+/* First interface TLV of an IF_ID RSVP_HOP, as found by rsvp_get_gmpls_hop_if_id_tlv. */
+typedef struct rsvp_hop_if_id_tlv_info {
+    uint32_t kind;    /* RSVP_HOP_IF_ID_KIND_* */
+    uint32_t address; /* wire order */
+    uint32_t if_id;   /* host order; only for RSVP_HOP_IF_ID_KIND_INDEX */
+} rsvp_hop_if_id_tlv_info;
+
+/* Writes an IPv4 RSVP_HOP (Length 12); returns obj. */
+RSVP_API uint8_t *rsvp_build_hop_ipv4(uint8_t *obj, uint32_t neighbor, uint32_t lih);
+/* 1 and both outputs for a valid IPv4 hop; 0, outputs untouched, for invalid or null args. */
+RSVP_API int rsvp_extract_hop_ipv4(uint8_t *obj, uint32_t *neighbor, uint32_t *lih);
+/* 1 for class 3, C-Type 1, Length 12 and a non-zero neighbor address, else 0. */
+RSVP_API int rsvp_valid_hop_ipv4(uint8_t *obj);
+/* Class validator of RSVP_HOP: the IPv4 (C-Type 1) or IF_ID (C-Type 3) verdict; else 0. */
+RSVP_API int rsvp_valid_hop(uint8_t *obj);
+/* Neighbor address (wire order) of a valid object; 0 otherwise. Twin of RSVP_HOP_NEIGHBOR. */
+RSVP_API uint32_t RSVP_HOP_IPV4_NEIGHBOR(uint8_t *obj);
+/* Neighbor address (wire order) of a valid object; 0 otherwise. */
+RSVP_API uint32_t RSVP_HOP_NEIGHBOR(uint8_t *obj);
+/* Stores the neighbor address unconverted in a valid object; nothing otherwise. */
+RSVP_API void RSVP_HOP_IPV4_SET_NEIGHBOR(uint8_t *obj, uint32_t neighbor);
+/* Stores the neighbor address unconverted in a valid object; nothing otherwise. */
+RSVP_API void RSVP_HOP_SET_NEIGHBOR(uint8_t *obj, uint32_t neighbor);
+/* Logical interface handle (host order) of a valid object; 0 otherwise. */
+RSVP_API uint32_t RSVP_HOP_IPV4_LIF_HANDLE(uint8_t *obj);
+/* Logical interface handle (host order) of a valid object; 0 otherwise. */
+RSVP_API uint32_t RSVP_HOP_LIF_HANDLE(uint8_t *obj);
+/* Stores the logical interface handle in a valid object; nothing otherwise. */
+RSVP_API void RSVP_HOP_IPV4_SET_LIF_HANDLE(uint8_t *obj, uint32_t lih);
+/* Stores the logical interface handle in a valid object; nothing otherwise. */
+RSVP_API void RSVP_HOP_SET_LIF_HANDLE(uint8_t *obj, uint32_t lih);
+
+/* Writes the fixed part of an IF_ID RSVP_HOP (Length 12, no TLVs); returns obj. */
+RSVP_API uint8_t *rsvp_build_hop_if_id(uint8_t *obj, uint32_t neighbor, uint32_t lih);
+/* 1 after appending an IPv4 TLV; 0, untouched, if null, not IF_ID or a duplicate. Asserts. */
+RSVP_API int rsvp_add_ipv4_intf(uint8_t *obj, uint32_t addr);
+/* As rsvp_add_ipv4_intf without the class and C-Type check. */
+RSVP_API int rsvp_add_ipv4_fwd_intf(uint8_t *obj, uint32_t addr);
+/* 1 after appending a type-4 TLV; 0, untouched, if null or a duplicate. Asserts TLV tiling. */
+RSVP_API int rsvp_add_index_fwd_intf(uint8_t *obj, uint32_t addr, uint32_t if_id);
+/* As rsvp_add_index_fwd_intf, for a component-reverse TLV (type 5). */
+RSVP_API int rsvp_add_index_rev_intf(uint8_t *obj, uint32_t addr, uint32_t if_id);
+/* As rsvp_add_index_fwd_intf, for an interface-index TLV (type 3). */
+RSVP_API int rsvp_add_index_fwd_rev_intf(uint8_t *obj, uint32_t addr, uint32_t if_id);
+/* 1 for a TLV of type 1 and length 8, or of type 3, 4 or 5 and length 12; else 0. */
+RSVP_API int rsvp_valid_hop_if_id_subobject(uint8_t *tlv);
+/* 1 for class 3, C-Type 3 whose TLVs from offset 12 are valid, else 0. */
+RSVP_API int rsvp_valid_hop_if_id(uint8_t *obj);
+/* Valid TLV after prev (first for NULL), or NULL; reads a candidate at the object end. */
+RSVP_API uint8_t *rsvp_extract_hop_if_id_next_subobj(uint8_t *obj, uint8_t *prev);
+/* 1 and the address (wire order) for a valid IPv4 TLV; 0, output untouched, otherwise. */
+RSVP_API int rsvp_extract_ipv4_subobj(uint8_t *tlv, uint32_t *addr);
+/* The same as rsvp_extract_ipv4_subobj. */
+RSVP_API int rsvp_extract_ipv4_fwd_rev_intf_subobj(uint8_t *tlv, uint32_t *addr);
+/* 1, address (wire) and interface ID (host) of a valid type 3/4/5 TLV; 0, untouched, else. */
+RSVP_API int rsvp_extract_comp_index_fwd_rev_intf_subobj(uint8_t *tlv, uint32_t *addr,
+                                                         uint32_t *if_id);
+/* 1 and the fields of the first type-3 TLV of a valid object; 0, outputs untouched, else. */
+RSVP_API int rsvp_get_gmpls_hop_if_index_tlv(uint8_t *obj, uint32_t *addr, uint32_t *if_id);
+/* 1 and the address of the first IPv4 TLV of a valid object; 0, output untouched, if none. */
+RSVP_API int rsvp_get_hop_if_id_ipv4_tlv(uint8_t *obj, uint32_t *addr);
+/* 1 and the first type-1/3 TLV in *info; 0 else (kind set 0 first for a valid object). */
+RSVP_API int rsvp_get_gmpls_hop_if_id_tlv(uint8_t *obj, rsvp_hop_if_id_tlv_info *info);
+/* Pointer to offset 12 (the TLVs) of a valid object; NULL otherwise. */
+RSVP_API uint8_t *RSVP_HOP_IF_ID_SUBOBJ_PTR(uint8_t *obj);
+/* Neighbor address (wire order) of a valid object; 0 otherwise. */
+RSVP_API uint32_t RSVP_HOP_IF_ID_NEIGHBOR(uint8_t *obj);
+/* Stores the neighbor address unconverted in any non-null object, valid or not. */
+RSVP_API void RSVP_HOP_IF_ID_SET_NEIGHBOR(uint8_t *obj, uint32_t neighbor);
+/* Logical interface handle (host order) of a valid object; 0 otherwise. */
+RSVP_API uint32_t RSVP_HOP_IF_ID_LIF_HANDLE(uint8_t *obj);
+/* Stores the logical interface handle in a valid object; nothing otherwise. */
+RSVP_API void RSVP_HOP_IF_ID_SET_LIF_HANDLE(uint8_t *obj, uint32_t lih);
+/* Type (host order) of a valid TLV; 0 otherwise. */
+RSVP_API uint16_t RSVP_HOP_SUBOBJ_GENERIC_TYPE(uint8_t *tlv);
+/* Length (host order) of a valid TLV; 0 otherwise. */
+RSVP_API uint16_t RSVP_HOP_SUBOBJ_GENERIC_LENGTH(uint8_t *tlv);
 
 /* @@family:basic@@ */
+enum {
+    RSVP_CTYPE_TIME_VALUES = 1,
+    RSVP_CTYPE_RESV_CONFIRM_IPV4 = 1,
+    RSVP_CTYPE_SCOPE_IPV4 = 1,
+    RSVP_CTYPE_STYLE = 1,
+    RSVP_CTYPE_POLICY_DATA = 1, /* written by rsvp_build_policy; any C-Type is accepted */
+    RSVP_TIME_VALUES_LEN = 8,
+    RSVP_RESV_CONFIRM_IPV4_LEN = 8,
+    RSVP_STYLE_LEN = 8,
+    /* Reservation styles: the low 5 bits of the STYLE Option Vector. */
+    RSVP_STYLE_FF = 0x0A, /* Fixed Filter */
+    RSVP_STYLE_WF = 0x11, /* Wildcard Filter */
+    RSVP_STYLE_SE = 0x12, /* Shared Explicit */
+    RSVP_STYLE_MASK = 0x1F
+};
+
+/* Writes TIME_VALUES (Length 8) with the refresh period in ms; returns obj. */
+RSVP_API uint8_t *rsvp_build_refresh(uint8_t *obj, uint32_t period_ms);
+/* 1 for class 5, C-Type 1, Length 8, else 0. */
+RSVP_API int rsvp_valid_refresh(uint8_t *obj);
+/* Refresh period (ms, host order) of a valid object; 0 otherwise. */
+RSVP_API uint32_t RSVP_REFRESH_TIME(uint8_t *obj);
+
+/* Writes RESV_CONFIRM IPv4 (Length 8) with the receiver address; returns obj. */
+RSVP_API uint8_t *rsvp_build_confirm_ipv4(uint8_t *obj, uint32_t receiver);
+/* 1 for class 15, C-Type 1, Length 8, else 0. */
+RSVP_API int rsvp_valid_confirm_ipv4(uint8_t *obj);
+/* 1 and the receiver address (wire order) of a valid object; 0, output untouched, else. */
+RSVP_API int rsvp_extract_confirm_ipv4(uint8_t *obj, uint32_t *receiver);
+/* Receiver address (wire order) of a valid object; 0 otherwise. */
+RSVP_API uint32_t RSVP_CONFIRM_ADDR(uint8_t *obj);
+
+/* Writes the header of an empty SCOPE IPv4 list (Length 4, not yet valid); returns obj. */
+RSVP_API uint8_t *rsvp_build_scope_ipv4(uint8_t *obj);
+/* Appends addr unless the list already holds it; nothing for a null or malformed object. */
+RSVP_API void rsvp_add_scope_ipv4(uint8_t *obj, uint32_t addr);
+/* 1 for class 7, C-Type 1 and Length above 4, else 0. */
+RSVP_API int rsvp_valid_scope_ipv4(uint8_t *obj);
+/* Address at index (wire order), unbounded by the Length; 0 if invalid or index < 0. */
+RSVP_API uint32_t RSVP_SCOPE_IPV4_ADDR(uint8_t *obj, int32_t index);
+
+/* Writes STYLE (Length 8): the style if it is FF, WF or SE, else a zero word; returns obj. */
+RSVP_API uint8_t *rsvp_build_style(uint8_t *obj, uint8_t style);
+/* 1 for class 8, C-Type 1, Length 8 and style FF, WF or SE, else 0. */
+RSVP_API int rsvp_valid_style(uint8_t *obj);
+/* 1 and the style of a valid object; 0, and the output set to 0, otherwise. */
+RSVP_API int rsvp_extract_style(uint8_t *obj, uint8_t *style);
+/* 1 for explicit sender selection (bit 1 of the Option Vector), 0 for wildcard; unchecked. */
+RSVP_API int rsvp_style_explicit(uint8_t *obj);
+/* Style (low 5 bits of the Option Vector) of a valid object; 0 otherwise. */
+RSVP_API uint8_t RSVP_STYLE_RESERVATION_TYPE(uint8_t *obj);
+/* Rewrites the flags and Option Vector word as style AND 31 in a valid object; else nothing. */
+RSVP_API void RSVP_STYLE_SET_RESERVATION_TYPE(uint8_t *obj, uint8_t style);
+
+/* Writes POLICY_DATA around a zero-padded copy of data; returns the data inside obj. */
+RSVP_API uint8_t *rsvp_build_policy(uint8_t *obj, const uint8_t *data, uint32_t data_len);
+/* 1 for class 14 with a Length of at least 4 and a multiple of 4 (any C-Type), else 0. */
+RSVP_API int rsvp_valid_policy(uint8_t *obj);
+/* 1, pointer to the data in obj and its length (Length - 4); 0, outputs untouched, else. */
+RSVP_API int rsvp_extract_policy(uint8_t *obj, uint8_t **data, uint16_t *data_len);
 
 /* @@family:error_spec@@ */
+enum {
+    RSVP_CTYPE_ERROR_SPEC_IPV4 = 1,
+    RSVP_ERROR_SPEC_IPV4_LEN = 12
+};
+
+/* Writes ERROR_SPEC IPv4 (Length 12); returns obj. */
+RSVP_API uint8_t *rsvp_build_error_ipv4(uint8_t *obj, uint32_t node, uint8_t flags, uint8_t code,
+                                        uint16_t value);
+/* 1 for class 6, C-Type 1, Length 12, else 0; no field value is checked. */
+RSVP_API int rsvp_valid_error_ipv4(uint8_t *obj);
+/* 1 and all four fields (node in wire order) if valid; 0, outputs untouched, else. */
+RSVP_API int rsvp_extract_error_ipv4(uint8_t *obj, uint32_t *node, uint8_t *flags, uint8_t *code,
+                                     uint16_t *value);
+/* Error node address (wire order) of a valid object; 0 otherwise. */
+RSVP_API uint32_t RSVP_ERROR_NODE(uint8_t *obj);
+/* Flags of a valid object; 0 otherwise. */
+RSVP_API uint8_t RSVP_ERROR_FLAGS(uint8_t *obj);
+/* Error code of a valid object; 0 otherwise. */
+RSVP_API uint8_t RSVP_ERROR_CODE(uint8_t *obj);
+/* Stores the error code in a valid object; nothing otherwise. */
+RSVP_API void RSVP_SET_ERROR_CODE(uint8_t *obj, uint8_t code);
+/* Error value (host order) of a valid object; 0 otherwise. */
+RSVP_API uint16_t RSVP_ERROR_VALUE(uint8_t *obj);
+/* -1/0/1 by node (host order), code, value, flags; invalid counts as 0, a lone null first. */
+RSVP_API int rsvp_compare_errors(uint8_t *a, uint8_t *b);
 
 /* @@family:sender@@ */
 
+/* ======================================================================================
+ * SENDER_TEMPLATE (Class-Num 11) and FILTER_SPEC (Class-Num 10): one layout per C-Type.
+ * Addresses cross in wire order; ports, LSP IDs and Sub-Group IDs in host order.
+ * ====================================================================================== */
+enum {
+    RSVP_CTYPE_SENDER_TEMPLATE_IPV4 = 1,
+    RSVP_CTYPE_SENDER_TEMPLATE_LSP_TUNNEL_IPV4 = 7,
+    RSVP_CTYPE_SENDER_TEMPLATE_P2MP_LSP_TUNNEL_IPV4 = 12,
+    RSVP_CTYPE_FILTER_SPEC_IPV4 = 1,
+    RSVP_CTYPE_FILTER_SPEC_LSP_TUNNEL_IPV4 = 7,
+    RSVP_CTYPE_FILTER_SPEC_P2MP_LSP_TUNNEL_IPV4 = 12
+};
+/* Object lengths: C-Types 1 and 7, and C-Type 12. */
+enum { RSVP_SENDER_IPV4_LEN = 12, RSVP_SENDER_P2MP_IPV4_LEN = 20 };
+
+/* Writes a 12-byte IPv4 SENDER_TEMPLATE (C-Type 1). */
+RSVP_API void rsvp_build_template_ipv4(uint8_t *obj, uint32_t source, uint16_t port);
+/* Writes a 12-byte LSP_TUNNEL_IPv4 SENDER_TEMPLATE (C-Type 7). */
+RSVP_API void rsvp_build_template_lsp_tunnel_ipv4(uint8_t *obj, uint32_t sender, uint16_t lsp_id);
+/* Writes a 20-byte P2MP LSP_TUNNEL_IPv4 SENDER_TEMPLATE (C-Type 12). */
+RSVP_API void rsvp_build_template_lsp_p2mp_ipv4(uint8_t *obj, uint32_t sender, uint16_t lsp_id,
+                                                uint32_t sg_originator, uint16_t sg_id);
+/* Writes a 12-byte IPv4 FILTER_SPEC (C-Type 1). */
+RSVP_API void rsvp_build_filter_ipv4(uint8_t *obj, uint32_t source, uint16_t port);
+/* Writes a 12-byte LSP_TUNNEL_IPv4 FILTER_SPEC (C-Type 7). */
+RSVP_API void rsvp_build_filter_lsp_tunnel_ipv4(uint8_t *obj, uint32_t sender, uint16_t lsp_id);
+/* Writes a 20-byte P2MP LSP_TUNNEL_IPv4 FILTER_SPEC (C-Type 12). */
+RSVP_API void rsvp_build_filter_lsp_p2mp_ipv4(uint8_t *obj, uint32_t sender, uint16_t lsp_id,
+                                              uint32_t sg_originator, uint16_t sg_id);
+/* 1 and the fields of a valid C-Type 1 SENDER_TEMPLATE; 0 with the outputs untouched. */
+RSVP_API int rsvp_extract_template_ipv4(uint8_t *obj, uint32_t *source, uint16_t *port);
+/* 1 and the fields of a valid C-Type 7 SENDER_TEMPLATE; 0 with the outputs untouched. */
+RSVP_API int rsvp_extract_template_lsp_tunnel_ipv4(uint8_t *obj, uint32_t *sender,
+                                                   uint16_t *lsp_id);
+/* 1 and the fields of a valid C-Type 12 SENDER_TEMPLATE; 0 with the outputs untouched. */
+RSVP_API int rsvp_extract_template_lsp_p2mp_ipv4(uint8_t *obj, uint32_t *sender, uint16_t *lsp_id,
+                                                 uint32_t *sg_originator, uint16_t *sg_id);
+/* 1 and the fields of a valid C-Type 1 FILTER_SPEC; 0 with the outputs untouched. */
+RSVP_API int rsvp_extract_filter_ipv4(uint8_t *obj, uint32_t *source, uint16_t *port);
+/* 1 and the fields of a valid C-Type 7 FILTER_SPEC; 0 with the outputs untouched. */
+RSVP_API int rsvp_extract_filter_lsp_tunnel_ipv4(uint8_t *obj, uint32_t *sender,
+                                                 uint16_t *lsp_id);
+/* 1 and the fields of a valid C-Type 12 FILTER_SPEC; 0 with the outputs untouched. */
+RSVP_API int rsvp_extract_filter_lsp_p2mp_ipv4(uint8_t *obj, uint32_t *sender, uint16_t *lsp_id,
+                                               uint32_t *sg_originator, uint16_t *sg_id);
+/* 1 for a SENDER_TEMPLATE of C-Type 1 or 7 (Length 12) or 12 (Length 20) whose sender address
+ * is neither 0 nor multicast; 0 otherwise (and for NULL). */
+RSVP_API int rsvp_valid_template_gen_ipv4(uint8_t *obj);
+/* 1 for a FILTER_SPEC of C-Type 1 or 7 (Length 12) or 12 (Length 20), whatever its address;
+ * 0 otherwise (and for NULL). */
+RSVP_API int rsvp_valid_filter_gen_ipv4(uint8_t *obj);
+/* The accessors below act only when rsvp_valid_object answers 1 for the object (either
+ * class); otherwise readers answer 0 and writers leave the object untouched. The P2MP ones
+ * do not check the C-Type: on a 12-byte object they reach past its end. */
+/* Sender address at offset 4, wire order. */
+RSVP_API uint32_t RSVP_TEMPLATE_SOURCE(uint8_t *obj);
+/* Stores the sender address (wire order) at offset 4. */
+RSVP_API void RSVP_TEMPLATE_SET_SOURCE(uint8_t *obj, uint32_t source);
+/* Port or LSP ID at offset 10, host order. */
+RSVP_API uint16_t RSVP_TEMPLATE_PORT(uint8_t *obj);
+/* Sub-Group Originator ID at offset 12, wire order. */
+RSVP_API uint32_t RSVP_TEMPLATE_P2MP_SG_ORIGIN(uint8_t *obj);
+/* Stores the Sub-Group Originator ID (wire order) at offset 12. */
+RSVP_API void RSVP_TEMPLATE_SET_P2MP_SG_ORIGIN(uint8_t *obj, uint32_t sg_originator);
+/* Sub-Group ID at offset 18, host order. */
+RSVP_API uint16_t RSVP_TEMPLATE_P2MP_SG_ID(uint8_t *obj);
+/* Twin of RSVP_TEMPLATE_SOURCE. */
+RSVP_API uint32_t RSVP_FILTER_SOURCE(uint8_t *obj);
+/* Twin of RSVP_TEMPLATE_SET_SOURCE. */
+RSVP_API void RSVP_FILTER_SET_SOURCE(uint8_t *obj, uint32_t source);
+/* Twin of RSVP_TEMPLATE_PORT. */
+RSVP_API uint16_t RSVP_FILTER_PORT(uint8_t *obj);
+/* Twin of RSVP_TEMPLATE_P2MP_SG_ORIGIN. */
+RSVP_API uint32_t RSVP_FILTER_P2MP_SG_ORIGIN(uint8_t *obj);
+/* Twin of RSVP_TEMPLATE_SET_P2MP_SG_ORIGIN. */
+RSVP_API void RSVP_FILTER_SET_P2MP_SG_ORIGIN(uint8_t *obj, uint32_t sg_originator);
+/* Twin of RSVP_TEMPLATE_P2MP_SG_ID. */
+RSVP_API uint16_t RSVP_FILTER_P2MP_SG_ID(uint8_t *obj);
+/* Total order of senders: -1, 0 or 1; a NULL object sorts first. Fields of an object that
+ * rsvp_valid_object rejects count as 0. */
+RSVP_API int rsvp_compare_templates(uint8_t *a, uint8_t *b);
+/* Twin of rsvp_compare_templates. */
+RSVP_API int rsvp_compare_filters(uint8_t *a, uint8_t *b);
+
 /* @@family:integrity@@ */
+enum {
+    RSVP_CTYPE_INTEGRITY = 1,
+    RSVP_CTYPE_CHALLENGE = 1,
+    RSVP_INTEGRITY_KEY_ID_LEN = 6,
+    RSVP_INTEGRITY_DIGEST_OFFSET = 20, /* also the Length without a digest */
+    RSVP_INTEGRITY_MIN_DIGEST_LEN = 4,
+    RSVP_INTEGRITY_MAX_DIGEST_LEN = 20,
+    RSVP_INTEGRITY_MIN_LEN = 24,
+    RSVP_INTEGRITY_MAX_LEN = 40,
+    RSVP_CHALLENGE_COOKIE_LEN = 8,
+    RSVP_CHALLENGE_LEN = 20
+};
+
+/* 1 for class 4, C-Type 1 and a Length of 24 to 40 in whole words, else 0. */
+RSVP_API int rsvp_valid_integrity(uint8_t *obj);
+/* 1 after writing the non-null parts, in stages; 0 on a bad length, earlier parts kept. */
+RSVP_API int rsvp_build_integrity(uint8_t *obj, const uint8_t *flags, const uint8_t *key_id,
+                                  const uint64_t *seq, const uint8_t *digest,
+                                  const uint32_t *digest_len);
+/* 1 and each non-null output (digest: room for 20) if valid; 0, outputs untouched, else. */
+RSVP_API int rsvp_extract_integrity(uint8_t *obj, uint8_t *flags, uint8_t *key_id, uint64_t *seq,
+                                    uint8_t *digest);
+/* Pointer to the digest (offset 20) of a valid object; NULL otherwise. */
+RSVP_API uint8_t *RSVP_INTEGRITY_DIGEST_PTR(uint8_t *obj);
+/* Digest length (Length - 20) of a valid object; 0 otherwise. */
+RSVP_API uint32_t RSVP_INTEGRITY_DIGEST_LEN(uint8_t *obj);
+/* 1 for class 64, C-Type 1, Length 20, else 0. */
+RSVP_API int rsvp_valid_challenge(uint8_t *obj);
+/* 1 after writing header, key id and cookie (bytes 4-5 left as they are); 0 for null obj. */
+RSVP_API int rsvp_build_challenge(uint8_t *obj, const uint8_t *key_id, const uint8_t *cookie);
+/* 1 and each non-null output of a valid object; 0, outputs untouched, otherwise. */
+RSVP_API int rsvp_extract_challenge(uint8_t *obj, uint8_t *key_id, uint8_t *cookie);
+/* Pointer to the key id (offset 6) of a valid object; NULL otherwise. */
+RSVP_API uint8_t *RSVP_CHALLENGE_KEY_ID_PTR(uint8_t *obj);
+/* Pointer to the cookie (offset 12) of a valid object; NULL otherwise. */
+RSVP_API uint8_t *RSVP_CHALLENGE_COOKIE_PTR(uint8_t *obj);
 
 /* @@family:intserv@@ */
+/* Intserv body (RFC 2210) of SENDER_TSPEC, FLOWSPEC and ADSPEC C-Type 2: floats on the wire,
+ * signed 64-bit integers here (converted by ieee_to_int64 / int64_to_ieee), lengths inside the
+ * body in 32-bit words. (C-Types 4 and 5 of classes 9 and 12: GMPLS traffic parameters.) */
+enum { RSVP_CTYPE_SENDER_TSPEC_INTSERV = 2, RSVP_CTYPE_FLOWSPEC_INTSERV = 2 };
+/* Service numbers on the wire. */
+enum {
+    RSVP_INTSRV_SERVICE_GENERAL = 1,
+    RSVP_INTSRV_SERVICE_GUARANTEED = 2,
+    RSVP_INTSRV_SERVICE_CONTROLLED_LOAD = 5,
+    RSVP_INTSRV_SERVICE_QUALITATIVE = 6
+};
+/* Parameter ids. */
+enum {
+    RSVP_INTSRV_PARAM_NUMBER_OF_IS_HOPS = 4,
+    RSVP_INTSRV_PARAM_AVAILABLE_PATH_BANDWIDTH = 6,
+    RSVP_INTSRV_PARAM_MINIMUM_PATH_LATENCY = 8,
+    RSVP_INTSRV_PARAM_PATH_MTU = 10,
+    RSVP_INTSRV_PARAM_TOKEN_BUCKET_TSPEC = 127,
+    RSVP_INTSRV_PARAM_QUALITATIVE_MAX_UNIT = 128,
+    RSVP_INTSRV_PARAM_GUARANTEED_RSPEC = 130,
+    RSVP_INTSRV_PARAM_CTOT = 133,
+    RSVP_INTSRV_PARAM_DTOT = 134,
+    RSVP_INTSRV_PARAM_CSUM = 135,
+    RSVP_INTSRV_PARAM_DSUM = 136
+};
+/* +infinity as a single float: recognised only as this raw wire word. */
+enum { RSVP_INTSRV_INFINITY_BITS = 0x7f800000 };
+/* Sizes in bytes: a single-word parameter, the SENDER_TSPEC C-Type 2 as built. */
+enum { RSVP_INTSRV_PARAM_LEN = 8, RSVP_SENDER_TSPEC_INTSERV_LEN = 36 };
+
+/* Builds the 36-byte SENDER_TSPEC C-Type 2 (service 1, token bucket r b p m M); no result. */
+RSVP_API void rsvp_build_tspec(uint8_t *obj, int64_t rate, int64_t depth, int64_t peak,
+                               uint32_t min_unit, uint32_t max_unit);
+/* 1 for a well-formed SENDER_TSPEC C-Type 2, else 0. */
+RSVP_API int rsvp_valid_tspec(uint8_t *obj);
+/* 1 for a valid SENDER_TSPEC of C-Type 2, 4 (16 bytes) or 5 (G.709), else 0. */
+RSVP_API int rsvp_valid_gen_tspec(uint8_t *obj);
+/* 1 after writing r b p m M of the service-1 fragment (all 0 without one); 0 and outputs
+ * untouched when the object is invalid. */
+RSVP_API int rsvp_extract_tspec(uint8_t *obj, int64_t *rate_out, int64_t *depth_out,
+                                int64_t *peak_out, uint32_t *min_unit_out,
+                                uint32_t *max_unit_out);
+/* Token bucket rate r of the service-1 fragment; 0 without one. Does not validate. */
+RSVP_API int64_t rsvp_get_average_rate(uint8_t *obj);
+/* Token bucket depth b of the service-1 fragment; 0 without one. Does not validate. */
+RSVP_API int64_t rsvp_get_maximum_burst(uint8_t *obj);
+/* Peak rate p of the service-1 fragment; 0 without one. Does not validate. */
+RSVP_API int64_t rsvp_get_peak_rate(uint8_t *obj);
+/* Minimum policed unit m of the service-1 fragment; 0 without one. Does not validate. */
+RSVP_API uint32_t rsvp_get_min_unit(uint8_t *obj);
+/* Maximum packet size M of the service-1 fragment; 0 without one. Does not validate. */
+RSVP_API uint32_t rsvp_get_max_unit(uint8_t *obj);
+/* First service fragment of the service number in the Intserv body, or NULL (null object,
+ * overall length 0, no such fragment). Checks nothing against the object length. */
+RSVP_API uint8_t *rsvp_find_intsrv_service(uint8_t *obj, uint8_t service_number);
+/* Writes an 8-byte single-word parameter holding the float bits as given; no result. */
+RSVP_API void rsvp_build_intsrv_real_object(uint8_t *param, uint8_t param_id, uint32_t value);
+/* Writes an 8-byte single-word parameter holding the integer; no result. */
+RSVP_API void rsvp_build_intsrv_integer_object(uint8_t *param, uint8_t param_id,
+                                               uint32_t value);
+/* Version nibble of the Intserv body; 0 unless rsvp_valid_object accepts the object. */
+RSVP_API uint8_t RSVP_TSPEC_HEADER_VERSION(uint8_t *obj);
+/* Overall length (words) of the Intserv body; 0 unless rsvp_valid_object accepts it. */
+RSVP_API uint16_t RSVP_TSPEC_HEADER_LENGTH(uint8_t *obj);
+/* obj + 8 + offset; NULL unless rsvp_valid_object accepts the object. */
+RSVP_API uint8_t *RSVP_TSPEC_FRAGMENTS_PTR(uint8_t *obj, uint32_t offset);
+/* Service number of a fragment header; 0 for NULL. */
+RSVP_API uint8_t RSVP_INTSRV_SERVICE_ID(uint8_t *frag);
+/* Service data length (words) of a fragment header; 0 for NULL. */
+RSVP_API uint16_t RSVP_INTSRV_SERVICE_LENGTH(uint8_t *frag);
+/* Token bucket parameter id (fragment +4); 0 for NULL. */
+RSVP_API uint8_t RSVP_TOKEN_BUCKET_FRAG_PARAM_ID(uint8_t *frag);
+/* Token bucket parameter flags (fragment +5); 0 for NULL. */
+RSVP_API uint8_t RSVP_TOKEN_BUCKET_FRAG_FLAGS(uint8_t *frag);
+/* Token bucket parameter length in words (fragment +6); 0 for NULL. */
+RSVP_API uint16_t RSVP_TOKEN_BUCKET_FRAG_PARAM_LEN(uint8_t *frag);
+/* Token bucket rate r (fragment +8), converted; 0 for NULL. */
+RSVP_API int64_t RSVP_TOKEN_BUCKET_FRAG_RATE(uint8_t *frag);
+/* Token bucket depth b (fragment +12), converted; 0 for NULL. */
+RSVP_API int64_t RSVP_TOKEN_BUCKET_FRAG_DEPTH(uint8_t *frag);
+/* Peak rate p (fragment +16), converted; 0 for NULL. */
+RSVP_API int64_t RSVP_TOKEN_BUCKET_FRAG_PEAK(uint8_t *frag);
+/* Minimum policed unit m (fragment +20); 0 for NULL. */
+RSVP_API uint32_t RSVP_TOKEN_BUCKET_FRAG_MIN_UNIT(uint8_t *frag);
+/* Maximum packet size M (fragment +24); 0 for NULL. */
+RSVP_API uint32_t RSVP_TOKEN_BUCKET_FRAG_MAX_UNIT(uint8_t *frag);
+/* Parameter id of a qualitative fragment (+4); 0 for NULL. */
+RSVP_API uint8_t RSVP_TSPEC_QUAL_FRAG_PARAM_ID(uint8_t *frag);
+/* Parameter flags of a qualitative fragment (+5); 0 for NULL. */
+RSVP_API uint8_t RSVP_TSPEC_QUAL_FRAG_FLAGS(uint8_t *frag);
+/* Parameter length (words) of a qualitative fragment (+6); 0 for NULL. */
+RSVP_API uint16_t RSVP_TSPEC_QUAL_FRAG_PARAM_LEN(uint8_t *frag);
+/* Maximum packet size M of a qualitative fragment (+8); 0 for NULL. */
+RSVP_API uint32_t RSVP_TSPEC_QUAL_FRAG_MAX_UNIT(uint8_t *frag);
+/* Parameter id (byte 0); 0 for NULL. */
+RSVP_API uint8_t RSVP_INTSRV_INTEGER_OBJECT_PARAM_ID(uint8_t *param);
+/* Parameter flags (byte 1); 0 for NULL. */
+RSVP_API uint8_t RSVP_INTSRV_INTEGER_OBJECT_FLAGS(uint8_t *param);
+/* Parameter length in words (bytes 2-3); 0 for NULL. */
+RSVP_API uint16_t RSVP_INTSRV_INTEGER_OBJECT_LENGTH(uint8_t *param);
+/* Value word of a single-word parameter; 0 for NULL. */
+RSVP_API uint32_t RSVP_INTSRV_INTEGER_OBJECT_VALUE(uint8_t *param);
+/* Value word of a single-word parameter (same as RSVP_INTSRV_INTEGER_OBJECT_VALUE). */
+RSVP_API uint32_t RSVP_INTSRV_INTEGER_VAL(uint8_t *param);
+/* Writes the value word; nothing for NULL. */
+RSVP_API void RSVP_INTSRV_INTEGER_OBJECT_SET_VALUE(uint8_t *param, uint32_t value);
+/* Raw float bits of a single-word parameter (no conversion); 0 for NULL. */
+RSVP_API uint32_t RSVP_INTSRV_REAL_OBJECT_VALUE(uint8_t *param);
+/* Writes raw float bits into the value word; nothing for NULL. */
+RSVP_API void RSVP_INTSRV_REAL_OBJECT_SET_VALUE(uint8_t *param, uint32_t bits);
 
 /* @@family:flowspec@@ */
+/* FLOWSPEC C-Type 2. The QoS codes of the interface differ from the wire service numbers:
+ * Guaranteed 3 (wire 2), Controlled-Load 5 (wire 5), qualitative 6 (wire 6). */
+enum { RSVP_QOS_GUARANTEED = 3, RSVP_QOS_CONTROLLED_LOAD = 5, RSVP_QOS_QUALITATIVE = 6 };
+/* Object lengths as built; the merge needs room for the longest. */
+enum {
+    RSVP_FLOWSPEC_GUARANTEED_LEN = 48,
+    RSVP_FLOWSPEC_CONTROLLED_LOAD_LEN = 36,
+    RSVP_FLOWSPEC_MAX_LEN = 48
+};
+/* Minimum policed unit reported for a flowspec without one. */
+enum { RSVP_FLOWSPEC_NO_MIN_UNIT = 65535 };
+
+/* Builds a Guaranteed (code 3, 48 bytes) or Controlled-Load (code 5, 36 bytes) FLOWSPEC;
+ * any other code writes only a zero object length. No result. */
+RSVP_API void rsvp_build_flowspec(uint8_t *obj, uint8_t qos_service, int64_t max_burst,
+                                  int64_t average_rate, uint32_t min_unit, uint32_t max_unit,
+                                  int64_t peak_rate, int64_t requested_rate, uint32_t slack);
+/* 1 for a well-formed FLOWSPEC C-Type 2 (service 2, 5, or 6 unexamined), else 0. */
+RSVP_API int rsvp_valid_flowspec(uint8_t *obj);
+/* 1 for a valid FLOWSPEC of C-Type 2, 4 (16 bytes) or 5 (G.709), else 0. */
+RSVP_API int rsvp_valid_gen_flowspec(uint8_t *obj);
+/* 1 after writing every field through the getters; 0 and outputs untouched when invalid. */
+RSVP_API int rsvp_extract_flowspec(uint8_t *obj, uint8_t *qos_service_out, int64_t *max_burst_out,
+                                   int64_t *average_rate_out, uint32_t *min_unit_out,
+                                   uint32_t *max_unit_out, int64_t *peak_rate_out,
+                                   int64_t *requested_rate_out, uint32_t *slack_out);
+/* QoS code 3, 5 or 6 of wire service 2, 5 or 6; 0 otherwise, for NULL or C-Type not 2. */
+RSVP_API uint8_t rsvp_get_flow_qos_service(uint8_t *obj);
+/* Token bucket rate r (service 1, 2, 5); 0 otherwise. Does not validate. */
+RSVP_API int64_t rsvp_get_flow_average_rate(uint8_t *obj);
+/* Token bucket depth b (service 1, 2, 5); 0 otherwise. Does not validate. */
+RSVP_API int64_t rsvp_get_flow_maximum_burst(uint8_t *obj);
+/* Peak rate p (service 1, 2, 5); 0 otherwise. Does not validate. */
+RSVP_API int64_t rsvp_get_flow_peak_rate(uint8_t *obj);
+/* Minimum policed unit m (service 2, 5); 65535 for NULL or another service, 0 for C-Type not
+ * 2. Does not validate. */
+RSVP_API uint32_t rsvp_get_flow_min_unit(uint8_t *obj);
+/* Maximum packet size M (service 1, 2, 5); 0 otherwise. Does not validate. */
+RSVP_API uint32_t rsvp_get_flow_max_unit(uint8_t *obj);
+/* RSpec rate R (service 2) or token bucket rate r (service 1, 5); 0 otherwise. */
+RSVP_API int64_t rsvp_get_flow_requested_rate(uint8_t *obj);
+/* Slack term S (service 2); 0 otherwise. Does not validate. */
+RSVP_API uint32_t rsvp_get_flow_slack(uint8_t *obj);
+/* -1, 0, 1 as a's average rate is below, equal to, above b's (unsigned 64-bit). */
+RSVP_API int rsvp_compare_flowspecs(uint8_t *a, uint8_t *b);
+/* -1, 0, 1 as the SENDER_TSPEC's rate is below, equal to, above the flowspec's (unsigned). */
+RSVP_API int rsvp_compare_tspec_with_flowspec(uint8_t *tspec, uint8_t *flowspec);
+/* Merges other into target (least upper bound); 0 when target stays as it was, else 1 (also,
+ * without a write, when the merged service cannot be built). target needs 48 bytes. */
+RSVP_API int rsvp_merge_flowspecs(uint8_t *other, uint8_t *target);
+/* Copies r, b, p of the SENDER_TSPEC into the FLOWSPEC as raw words; 1 on success or when the
+ * flowspec's service has none, 0 (nothing written) on any failed precondition. */
+RSVP_API int rsvp_copy_flowspec_rate_from_tspec(uint8_t *flowspec, uint8_t *tspec);
+/* Version nibble of the Intserv body; 0 for NULL. */
+RSVP_API uint8_t RSVP_FLOWSPEC_HEADER_VERSION(uint8_t *obj);
+/* Overall length in words; 0 for NULL. */
+RSVP_API uint16_t RSVP_FLOWSPEC_HEADER_LENGTH(uint8_t *obj);
+/* obj + 8 + offset; NULL for NULL. */
+RSVP_API uint8_t *RSVP_FLOWSPEC_FRAGMENTS_PTR(uint8_t *obj, uint32_t offset);
+/* The Guaranteed fragment itself (its token bucket starts at +4). */
+RSVP_API uint8_t *RSVP_GTD_BUCKET_PTR(uint8_t *frag);
+/* The Controlled-Load fragment itself (its token bucket starts at +4). */
+RSVP_API uint8_t *RSVP_CLOAD_BUCKET_PTR(uint8_t *frag);
+/* RSpec parameter id (Guaranteed fragment +28); 0 for NULL. */
+RSVP_API uint8_t RSVP_FLOWSPEC_RSPEC_PARAM_ID(uint8_t *frag);
+/* RSpec parameter flags (Guaranteed fragment +29); 0 for NULL. */
+RSVP_API uint8_t RSVP_FLOWSPEC_RSPEC_FLAGS(uint8_t *frag);
+/* RSpec parameter length in words (Guaranteed fragment +30); 0 for NULL. */
+RSVP_API uint16_t RSVP_FLOWSPEC_RSPEC_PARAM_LEN(uint8_t *frag);
+/* RSpec rate R (Guaranteed fragment +32), converted; 0 for NULL. */
+RSVP_API int64_t RSVP_FLOWSPEC_RSPEC_REQ_RATE(uint8_t *frag);
+/* Slack term S (Guaranteed fragment +36); 0 for NULL. */
+RSVP_API uint32_t RSVP_FLOWSPEC_RSPEC_SLACK(uint8_t *frag);
 
 /* @@family:adspec@@ */
+/* ADSPEC C-Type 2: the Intserv body of path characterisation, a general parameters fragment
+ * (service 1) then optional Guaranteed and Controlled-Load fragments. */
+enum { RSVP_CTYPE_ADSPEC_INTSERV = 2 };
+/* Service selection of rsvp_build_adspec_baseline (any other value: general fragment only). */
+enum {
+    RSVP_ADSPEC_BASELINE_GUARANTEED_AND_CL = 0,
+    RSVP_ADSPEC_BASELINE_GUARANTEED = 1,
+    RSVP_ADSPEC_BASELINE_CONTROLLED_LOAD = 2,
+    RSVP_ADSPEC_BASELINE_GENERAL_ONLY = 3
+};
+/* Object lengths: with the general fragment only, and the longest baseline. */
+enum { RSVP_ADSPEC_GENERAL_ONLY_LEN = 44, RSVP_ADSPEC_BASELINE_MAX_LEN = 84 };
+/* Path MTU of a baseline: not yet limited by any hop. */
+#define RSVP_ADSPEC_PATH_MTU_UNLIMITED 0xffffffffu
+
+/* Writes a baseline ADSPEC (84, 80, 48 or 44 bytes by services); returns the Controlled-Load
+ * fragment when one was written, else the byte just past the last fragment. */
+RSVP_API uint8_t *rsvp_build_adspec_baseline(uint8_t *obj, uint32_t services);
+/* 1 for a well-formed ADSPEC C-Type 2 with at least one fragment after the general one. */
+RSVP_API int rsvp_valid_adspec(uint8_t *obj);
+/* 1 and the Guaranteed fragment (at 44, or 48 behind a Controlled-Load one) in *fragment_out;
+ * 0 with NULL stored when absent; 0 and *fragment_out untouched when the object is invalid. */
+RSVP_API int rsvp_adspec_extract_gtd_frag(uint8_t *obj, uint8_t **fragment_out);
+/* 1 and the Controlled-Load fragment (at 44, or 80 behind a Guaranteed one) in *fragment_out;
+ * 0 with NULL stored when absent; 0 and *fragment_out untouched when the object is invalid. */
+RSVP_API int rsvp_adspec_extract_cl_frag(uint8_t *obj, uint8_t **fragment_out);
+/* 1 when a fragment of the QoS code (3 or 5) is found by the ADSPEC's fragment step; 0 for
+ * any other code, a null object or no match. Does not validate. */
+RSVP_API int rsvp_adspec_has_qos_service(uint8_t *obj, uint8_t qos_service);
+/* Version nibble of the body; 0 unless rsvp_valid_object accepts the object. */
+RSVP_API uint32_t RSVP_ADSPEC_HDR_VERSION(uint8_t *obj);
+/* Overall length (words); 0 unless rsvp_valid_object accepts the object. */
+RSVP_API uint16_t RSVP_ADSPEC_HDR_LENGTH(uint8_t *obj);
+/* Writes the overall length (words); nothing unless rsvp_valid_object accepts the object. */
+RSVP_API void RSVP_ADSPEC_HDR_SET_LENGTH(uint8_t *obj, uint16_t length);
+/* obj + 8, the general parameters fragment; NULL unless rsvp_valid_object accepts it. */
+RSVP_API uint8_t *RSVP_ADSPEC_HDR_GENERAL_FRAG_HDR(uint8_t *obj);
+/* obj + 44 + offset; NULL unless rsvp_valid_object accepts the object. */
+RSVP_API uint8_t *RSVP_ADSPEC_HDR_GENERAL_FRAGMENTS_PTR(uint8_t *obj, uint32_t offset);
+/* IS hop count (word at 16); 0 unless rsvp_valid_object accepts the object. */
+RSVP_API uint32_t RSVP_ADSPEC_NUMBER_IS_HOPS_VAL(uint8_t *obj);
+/* Path bandwidth as raw float bits (word at 24); 0 unless rsvp_valid_object accepts it. */
+RSVP_API uint32_t RSVP_ADSPEC_BANDWIDTH_VAL(uint8_t *obj);
+/* Minimum path latency (word at 32); 0 unless rsvp_valid_object accepts the object. */
+RSVP_API uint32_t RSVP_ADSPEC_LATENCY_VAL(uint8_t *obj);
+/* Service number of a fragment header; 0 for NULL. */
+RSVP_API uint32_t RSVP_ADSPEC_FRAG_HDR_SERVICE_ID(uint8_t *frag);
+/* The whole break bit byte (byte 1) of a fragment header; 0 for NULL. */
+RSVP_API uint32_t RSVP_ADSPEC_FRAG_HDR_BREAK_BIT(uint8_t *frag);
+/* Stores value as it stands into byte 1 of a fragment header; nothing for NULL. */
+RSVP_API void RSVP_ADSPEC_FRAG_HDR_SET_BREAK_BIT(uint8_t *frag, uint8_t value);
+/* Service data length (words) of a fragment header; 0 for NULL. */
+RSVP_API uint16_t RSVP_ADSPEC_FRAG_HDR_SERVICE_LENGTH(uint8_t *frag);
+/* Writes the service data length (words); nothing for NULL. */
+RSVP_API void RSVP_ADSPEC_FRAG_HDR_SET_SERVICE_LENGTH(uint8_t *frag, uint16_t length);
+/* The first parameter of a fragment (frag + 4); NULL for NULL. */
+RSVP_API uint8_t *RSVP_ADSPEC_FRAG_HDR_FIRST_OBJECT(uint8_t *frag);
+/* The Guaranteed fragment pointer itself. */
+RSVP_API uint8_t *RSVP_GTD_FRAG_HDR_PTR(uint8_t *frag);
+/* The Controlled-Load fragment pointer itself. */
+RSVP_API uint8_t *RSVP_CLOAD_FRAG_HDR_PTR(uint8_t *frag);
+/* The Ctot parameter of a Guaranteed fragment (frag + 4); NULL for NULL. */
+RSVP_API uint8_t *RSVP_GTD_CTOT_PTR(uint8_t *frag);
+/* The Dtot parameter of a Guaranteed fragment (frag + 12); NULL for NULL. */
+RSVP_API uint8_t *RSVP_GTD_DTOT_PTR(uint8_t *frag);
+/* The Csum parameter of a Guaranteed fragment (frag + 20); NULL for NULL. */
+RSVP_API uint8_t *RSVP_GTD_CSUM_PTR(uint8_t *frag);
+/* The Dsum parameter of a Guaranteed fragment (frag + 28); NULL for NULL. */
+RSVP_API uint8_t *RSVP_GTD_DSUM_PTR(uint8_t *frag);
+/* Wire-order IPv4 address at offset 4 of an SBM LAN_NHOP_L3 object; 0 for NULL. */
+RSVP_API uint32_t RSVP_SBM_LAN_NHOP_L3_IPV4_ADDR(uint8_t *obj);
+/* Wire-order IPv4 address at offset 4 of an SBM DSBM address object; 0 for NULL. */
+RSVP_API uint32_t RSVP_SBM_DSBM_IPV4_ADDR(uint8_t *obj);
+/* Wire-order IPv4 address at offset 4 of an SBM LAN_LOOPBACK object; 0 for NULL. */
+RSVP_API uint32_t RSVP_SBM_LAN_LOOPBACK_IPV4_ADDR(uint8_t *obj);
+
 
 /* @@family:gmpls_traffic@@ */
 
+/* GMPLS traffic parameters carried by SENDER_TSPEC (class 12) and FLOWSPEC (class 9): the
+ * TSPEC and FLOWSPEC forms are the same 16 bytes apart from the class. */
+enum {
+    RSVP_CTYPE_SENDER_TSPEC_SONET_SDH = 4,
+    RSVP_CTYPE_SENDER_TSPEC_G709_OTN = 5,
+    RSVP_CTYPE_FLOWSPEC_SONET_SDH = 4,
+    RSVP_CTYPE_FLOWSPEC_G709_OTN = 5,
+    /* Object length of both layouts, header included. */
+    RSVP_GMPLS_TRAFFIC_LEN = 16,
+    /* Largest requested contiguous concatenation (RCC) a SONET/SDH builder accepts. */
+    RSVP_SONET_SDH_RCC_MAX = 7
+};
+
+/* Writes a 16-byte G.709 OTN SENDER_TSPEC; the signal type sits in byte 7 of its word. */
+RSVP_API void rsvp_build_g709_otn_tspec(uint8_t *obj, uint8_t signal_type, uint16_t nvc,
+                                        uint16_t multiplier, int64_t bit_rate);
+/* 1 for a class-12, C-Type-5 object of length 16; 0 otherwise (and for null). */
+RSVP_API int rsvp_valid_g709_otn_tspec(uint8_t *obj);
+/* 1 after writing all four fields; 0 without writing for a null pointer or an invalid object. */
+RSVP_API int rsvp_extract_g709_otn_tspec(uint8_t *obj, uint8_t *signal_type_out, uint16_t *nvc_out,
+                                         uint16_t *multiplier_out, int64_t *bit_rate_out);
+/* Writes a 16-byte G.709 OTN FLOWSPEC; the signal type sits in byte 7 of its word. */
+RSVP_API void rsvp_build_g709_otn_flowspec(uint8_t *obj, uint8_t signal_type, uint16_t nvc,
+                                           uint16_t multiplier, int64_t bit_rate);
+/* 1 for a class-9, C-Type-5 object of length 16; 0 otherwise (and for null). */
+RSVP_API int rsvp_valid_g709_otn_flowspec(uint8_t *obj);
+/* 1 after writing all four fields; 0 without writing for a null pointer or an invalid object. */
+RSVP_API int rsvp_extract_g709_otn_flowspec(uint8_t *obj, uint8_t *signal_type_out,
+                                            uint16_t *nvc_out, uint16_t *multiplier_out,
+                                            int64_t *bit_rate_out);
+
+/* Writes a 16-byte SONET/SDH SENDER_TSPEC; an rcc above 7 stops the process. */
+RSVP_API void rsvp_build_uni_sonet_sdh_tspec(uint8_t *obj, uint8_t signal_type, uint8_t rcc,
+                                             uint16_t ncc, uint16_t nvc, uint16_t multiplier,
+                                             uint32_t transparency);
+/* 1 for a class-12, C-Type-4 object of length 16; 0 otherwise (and for null). */
+RSVP_API int rsvp_valid_uni_sonet_sdh_tspec(uint8_t *obj);
+/* 1 after writing all six fields (rcc: low 3 bits); 0 without writing for an invalid or null
+ * object. The output pointers must not be null. */
+RSVP_API int rsvp_extract_uni_sonet_sdh_tspec(uint8_t *obj, uint8_t *signal_type_out,
+                                              uint8_t *rcc_out, uint16_t *ncc_out,
+                                              uint16_t *nvc_out, uint16_t *multiplier_out,
+                                              uint32_t *transparency_out);
+/* Writes a 16-byte SONET/SDH FLOWSPEC; an rcc above 7 stops the process. */
+RSVP_API void rsvp_build_uni_sonet_sdh_flowspec(uint8_t *obj, uint8_t signal_type, uint8_t rcc,
+                                                uint16_t ncc, uint16_t nvc, uint16_t multiplier,
+                                                uint32_t transparency);
+/* 1 for a class-9, C-Type-4 object of length 16; 0 otherwise (and for null). */
+RSVP_API int rsvp_valid_uni_sonet_sdh_flowspec(uint8_t *obj);
+/* 1 after writing all six fields (rcc: low 3 bits); 0 without writing for an invalid or null
+ * object. The output pointers must not be null. */
+RSVP_API int rsvp_extract_uni_sonet_sdh_flowspec(uint8_t *obj, uint8_t *signal_type_out,
+                                                 uint8_t *rcc_out, uint16_t *ncc_out,
+                                                 uint16_t *nvc_out, uint16_t *multiplier_out,
+                                                 uint32_t *transparency_out);
+
 /* @@family:explicit_route@@ */
+/* Route subobjects (EXPLICIT_ROUTE, RECORD_ROUTE, EXCLUDE_ROUTE): a type byte and a length
+ * byte that counts this 2-byte header. EXPLICIT_ROUTE and EXCLUDE_ROUTE put the L bit in front
+ * of a 7-bit type; RECORD_ROUTE has no L bit and takes the whole first byte as the type. The
+ * types and lengths below mean the same wherever the object accepts them. */
+enum {
+    RSVP_ROUTE_SUBOBJ_HDR_LEN = 2,
+    RSVP_ROUTE_SUBOBJ_L_BIT = 0x80,
+    RSVP_ROUTE_SUBOBJ_TYPE_MASK = 0x7f,
+    RSVP_ROUTE_SUBOBJ_IPV4 = 1,
+    RSVP_ROUTE_SUBOBJ_IPV4_LEN = 8,
+    RSVP_ROUTE_SUBOBJ_IPV6 = 2,
+    RSVP_ROUTE_SUBOBJ_IPV6_LEN = 20,
+    RSVP_ROUTE_SUBOBJ_UNNUM = 4,
+    RSVP_ROUTE_SUBOBJ_UNNUM_LEN = 12,
+    RSVP_ROUTE_SUBOBJ_SRLG = 34
+};
+/* EXPLICIT_ROUTE (class 20). L bit set: loose hop; clear: strict hop. */
+enum { RSVP_CTYPE_EXPLICIT_ROUTE_SUBOBJECTS = 1 };
+enum {
+    RSVP_ERO_L_BIT = RSVP_ROUTE_SUBOBJ_L_BIT,
+    RSVP_ERO_SUBOBJ_IPV4_PREFIX = RSVP_ROUTE_SUBOBJ_IPV4,
+    RSVP_ERO_SUBOBJ_IPV4_PREFIX_LEN = RSVP_ROUTE_SUBOBJ_IPV4_LEN,
+    RSVP_ERO_SUBOBJ_IPV6_PREFIX = RSVP_ROUTE_SUBOBJ_IPV6,
+    RSVP_ERO_SUBOBJ_IPV6_PREFIX_LEN = RSVP_ROUTE_SUBOBJ_IPV6_LEN,
+    RSVP_ERO_SUBOBJ_UNNUM = RSVP_ROUTE_SUBOBJ_UNNUM,
+    RSVP_ERO_SUBOBJ_UNNUM_LEN = RSVP_ROUTE_SUBOBJ_UNNUM_LEN,
+    RSVP_ERO_SUBOBJ_AS = 32,
+    RSVP_ERO_SUBOBJ_AS_LEN = 4
+};
+
+/* Writes an empty EXPLICIT_ROUTE header: Length 4, class 20, C-Type 1. */
+RSVP_API void rsvp_build_explicit_route(uint8_t *obj);
+/* Appends an IPv4 prefix hop (loose when loose is non-zero); 1, or 0 and nothing written for a
+ * null object or a Length below 4. The caller provides 8 more bytes. */
+RSVP_API int rsvp_add_explicit_route_ipv4(uint8_t *obj, int loose, uint32_t addr,
+                                          uint8_t prefix_len);
+/* Appends an unnumbered interface hop; 1, or 0 and nothing written for a null object or when
+ * a hop to the same router ID and interface ID (loose or strict) is present. Needs 12 bytes. */
+RSVP_API int rsvp_add_explicit_route_unnum(uint8_t *obj, int loose, uint32_t router_id,
+                                           uint32_t if_id);
+/* 1 for a subobject of type 1, 2, 4 or 32 (L bit aside) with its exact length, else 0. */
+RSVP_API int rsvp_valid_explicit_route_subobject(uint8_t *sub);
+/* 1 for a well-formed EXPLICIT_ROUTE (an overrunning last subobject is accepted), else 0. */
+RSVP_API int rsvp_valid_explicit_route(uint8_t *obj);
+/* Next valid subobject after prev (the first for NULL) of a valid route; NULL at the end. */
+RSVP_API uint8_t *rsvp_extract_ero_next_subobject(uint8_t *obj, uint8_t *prev);
+/* Number of strict IPv4 prefix hops (raw type byte 1); 0 for an invalid route. */
+RSVP_API uint32_t rsvp_count_ero_subobject_ipv4(uint8_t *obj);
+/* Number of strict unnumbered hops (raw type byte 4); 0 for an invalid route. */
+RSVP_API uint32_t rsvp_count_ero_subobject_unnum(uint8_t *obj);
+/* 1 after writing the address (wire order) and prefix length of a valid IPv4 prefix
+ * subobject; 0 and outputs untouched otherwise. */
+RSVP_API int rsvp_extract_ero_subobject_ipv4(uint8_t *sub, uint32_t *addr, uint8_t *prefix_len);
+/* 1 after writing the router ID (wire order) and interface ID (host order) of a valid
+ * unnumbered subobject; 0 and outputs untouched otherwise. */
+RSVP_API int rsvp_extract_ero_subobject_unnum(uint8_t *sub, uint32_t *router_id, uint32_t *if_id);
+/* 1 after writing the AS number of a valid AS subobject; 0 and output untouched otherwise. */
+RSVP_API int rsvp_extract_ero_subobject_as(uint8_t *sub, uint16_t *as_number);
+/* 0 for equal subobjects (or the same pointer); 1 for a null one or different lengths; else
+ * the byte-wise comparison of the whole subobjects, L bit included. */
+RSVP_API int rsvp_compare_explicit_route_subobjects(uint8_t *a, uint8_t *b);
+/* Raw type byte (L bit included) of a valid subobject; 0 for an invalid one. */
+RSVP_API uint8_t RSVP_ERO_GENERIC_TYPE(uint8_t *sub);
+/* Length byte of a valid subobject; 0 for an invalid one. */
+RSVP_API uint8_t RSVP_ERO_GENERIC_LENGTH(uint8_t *sub);
+/* Writes the wire-order address into bytes 2-5 of a valid subobject; nothing otherwise. */
+RSVP_API void RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX(uint8_t *sub, uint32_t addr);
+/* Writes the prefix length into byte 6 of a valid subobject; nothing otherwise. */
+RSVP_API void RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX_LEN(uint8_t *sub, uint8_t prefix_len);
+/* obj + 4 when rsvp_valid_object answers 1 for the object; NULL otherwise. */
+RSVP_API uint8_t *RSVP_ERO_FIRST_SUBOBJ(uint8_t *obj);
+
 
 /* @@family:record_route@@ */
 
+/* ======================================================================================
+ * RECORD_ROUTE (Class-Num 21): the hops a message crossed, newest first. A subobject is
+ * Type (the whole first byte: there is no L bit), Length (header included), then its body.
+ * ====================================================================================== */
+enum { RSVP_CTYPE_RECORD_ROUTE_SUBOBJECTS = 1 };
+/* Subobject types. */
+enum {
+    RSVP_RRO_SUBOBJ_IPV4 = RSVP_ROUTE_SUBOBJ_IPV4,
+    RSVP_RRO_SUBOBJ_IPV6 = RSVP_ROUTE_SUBOBJ_IPV6,
+    RSVP_RRO_SUBOBJ_LABEL = 3,
+    RSVP_RRO_SUBOBJ_UNNUM = RSVP_ROUTE_SUBOBJ_UNNUM,
+    RSVP_RRO_SUBOBJ_SRLG = RSVP_ROUTE_SUBOBJ_SRLG
+};
+/* Subobject lengths: exact for IPv4, IPv6 and unnumbered; label and SRLG subobjects are a
+ * 4-byte head and one 4-byte word per label or identifier, at most 62 of them. */
+enum {
+    RSVP_RRO_IPV4_LEN = RSVP_ROUTE_SUBOBJ_IPV4_LEN,
+    RSVP_RRO_IPV6_LEN = RSVP_ROUTE_SUBOBJ_IPV6_LEN,
+    RSVP_RRO_UNNUM_LEN = RSVP_ROUTE_SUBOBJ_UNNUM_LEN,
+    RSVP_RRO_LABEL_HDR_LEN = 4,
+    RSVP_RRO_SRLG_HDR_LEN = 4,
+    RSVP_RRO_MAX_VALUES = 62,
+    RSVP_RRO_IPV4_PREFIX_LEN = 32
+};
+/* Flag bits of the IPv4 and unnumbered subobjects, and of the label subobject. The library
+ * stores and tests whatever flags the caller gives. */
+enum {
+    RSVP_RRO_FLAG_LOCAL_PROT_AVAIL = 0x01,
+    RSVP_RRO_FLAG_LOCAL_PROT_IN_USE = 0x02,
+    RSVP_RRO_FLAG_BANDWIDTH_PROT = 0x04,
+    RSVP_RRO_FLAG_NODE_PROT = 0x08,
+    RSVP_RRO_LABEL_FLAG_GLOBAL = 0x01
+};
+
+/* Writes an empty RECORD_ROUTE: Length 4, Class-Num 21, C-Type 1. */
+RSVP_API void rsvp_build_record_route(uint8_t *obj);
+/* Inserts an IPv4 subobject (prefix length 32) at the front; obj, or NULL for a null obj.
+ * The caller guarantees 8 more bytes of room. */
+RSVP_API uint8_t *rsvp_insert_record_route_ipv4(uint8_t *obj, uint32_t addr, uint8_t flags);
+/* Inserts an unnumbered interface subobject at the front (its reserved byte is not written);
+ * obj, or NULL for a null obj. The caller guarantees 12 more bytes of room. */
+RSVP_API uint8_t *rsvp_insert_record_route_unnum(uint8_t *obj, uint32_t router_id,
+                                                 uint32_t if_id, uint8_t flags);
+/* Inserts a label subobject at the front; obj, or NULL (nothing changed) for a null obj or
+ * labels, or a count of 0. A count above 62 corrupts the object: its length byte wraps. */
+RSVP_API uint8_t *rsvp_insert_record_route_label(uint8_t *obj, const uint32_t *labels,
+                                                 uint16_t count, uint8_t c_type, uint8_t flags);
+/* Inserts an SRLG subobject at the front (identifiers written only for a non-null array);
+ * obj, or NULL (nothing changed) for a null obj or a count above 62. Only objects of up to
+ * 255 bytes are moved correctly: the move uses the low 8 bits of the object Length. */
+RSVP_API uint8_t *rsvp_insert_record_route_srlg(uint8_t *obj, const uint32_t *srlgs,
+                                                uint8_t count);
+/* 1 for a well-formed RECORD_ROUTE subobject, 0 otherwise (and for NULL). */
+RSVP_API int valid_record_route_subobject(uint8_t *sub);
+/* 1 for a well-formed RECORD_ROUTE whose subobjects end exactly at its end, else 0. */
+RSVP_API int rsvp_valid_record_route(uint8_t *obj);
+/* The subobject after prev (the first for a NULL prev) of a valid RECORD_ROUTE, or NULL. */
+RSVP_API uint8_t *rsvp_extract_rro_next_subobject(uint8_t *obj, uint8_t *prev);
+/* Number of IPv4 subobjects of a valid RECORD_ROUTE; 0 for an invalid one. */
+RSVP_API uint32_t rsvp_count_rro_subobject_ipv4(uint8_t *obj);
+/* Number of unnumbered interface subobjects of a valid RECORD_ROUTE; 0 for an invalid one. */
+RSVP_API uint32_t rsvp_count_rro_subobject_unnum(uint8_t *obj);
+/* 1 and the address (wire order), prefix length and flags of a valid IPv4 subobject; 0 with
+ * the outputs untouched otherwise (and when an output pointer is NULL). */
+RSVP_API int rsvp_extract_rro_subobject_ipv4(uint8_t *sub, uint32_t *addr, uint8_t *prefix_len,
+                                             uint8_t *flags);
+/* 1 and the router ID (wire order), interface ID (host order) and flags of a valid unnumbered
+ * subobject; 0 with the outputs untouched otherwise (and when an output pointer is NULL). */
+RSVP_API int rsvp_extract_rro_subobject_unnum(uint8_t *sub, uint32_t *router_id, uint32_t *if_id,
+                                              uint8_t *flags);
+/* Number of labels in a valid label subobject; 0 for anything else. */
+RSVP_API uint8_t rsvp_extract_rro_subobject_label_count(uint8_t *sub);
+/* 1, the count, the labels (host order, into the array *labels points to, room for 62),
+ * then flags and C-Type of a valid label subobject; 0 with nothing written for anything else
+ * or any NULL pointer. Note the order: flags before C-Type, unlike the insert function. */
+RSVP_API int rsvp_extract_rro_subobject_label(uint8_t *sub, uint32_t **labels, uint8_t *count,
+                                              uint8_t *flags, uint8_t *c_type);
+/* Number of SRLG identifiers in a valid SRLG subobject; 0 for anything else. */
+RSVP_API uint8_t rsvp_extract_rro_subobject_srlg_count(uint8_t *sub);
+/* 1, the count and the identifiers (host order, room for 62) of a valid SRLG subobject; 0 with
+ * nothing written for anything else or a NULL pointer. */
+RSVP_API int rsvp_extract_rro_subobject_srlg(uint8_t *sub, uint32_t *srlgs, uint8_t *count);
+/* 1 if some IPv4 subobject has every bit of mask in its flags; 0 otherwise. The object is not
+ * validated; the walk stays inside its Length. */
+RSVP_API int rsvp_rro_check_ipv4_flags(uint8_t *obj, uint8_t mask);
+/* 1 if some unnumbered subobject has every bit of mask in its flags; 0 otherwise. The object
+ * is not validated; the walk stays inside its Length. */
+RSVP_API int rsvp_rro_check_unnum_flags(uint8_t *obj, uint8_t mask);
+/* Type byte of a valid RECORD_ROUTE subobject; 0 for an invalid one. */
+RSVP_API uint8_t RSVP_RRO_GENERIC_TYPE(uint8_t *sub);
+/* Length byte of a valid RECORD_ROUTE subobject; 0 for an invalid one. */
+RSVP_API uint8_t RSVP_RRO_GENERIC_LENGTH(uint8_t *sub);
+
 /* @@family:exclude_route@@ */
+/* EXCLUDE_ROUTE (class 232). The L bit is 0 or 1 at this interface, 0x80 on the wire. The
+ * unnumbered interface subobject is type 6 in this object. */
+enum { RSVP_CTYPE_EXCLUDE_ROUTE_SUBOBJECTS = 1 };
+enum {
+    RSVP_XRO_L_BIT = RSVP_ROUTE_SUBOBJ_L_BIT,
+    RSVP_XRO_SUBOBJ_IPV4_PREFIX = RSVP_ROUTE_SUBOBJ_IPV4,
+    RSVP_XRO_SUBOBJ_IPV4_PREFIX_LEN = RSVP_ROUTE_SUBOBJ_IPV4_LEN,
+    RSVP_XRO_SUBOBJ_UNNUM = 6,
+    RSVP_XRO_SUBOBJ_UNNUM_LEN = RSVP_ROUTE_SUBOBJ_UNNUM_LEN,
+    RSVP_XRO_SUBOBJ_SRLG = RSVP_ROUTE_SUBOBJ_SRLG,
+    RSVP_XRO_SUBOBJ_SRLG_LEN = 8,
+    RSVP_XRO_SUBOBJ_LSP = 36,
+    RSVP_XRO_SUBOBJ_LSP_LEN = 24
+};
+
+/* Writes an empty EXCLUDE_ROUTE header: Length 4, class 232, C-Type 1. */
+RSVP_API void rsvp_build_xro(uint8_t *obj);
+/* Appends an IPv4 prefix subobject (type 1); 1, or 0 and nothing written when the object is
+ * null, shorter than 4 or its subobjects do not end exactly at its end. Needs 8 bytes. */
+RSVP_API int rsvp_add_xro_ipv4_subobj(uint8_t *obj, uint8_t l_bit, uint32_t addr,
+                                      uint8_t prefix_len, uint8_t attr);
+/* Appends an unnumbered interface subobject (type 6); 1, or 0 and nothing written as for the
+ * IPv4 append. Needs 12 bytes. */
+RSVP_API int rsvp_add_xro_unnum_ifid_subobj(uint8_t *obj, uint8_t l_bit, uint8_t attr,
+                                            uint32_t router_id, uint32_t if_id);
+/* Appends an SRLG subobject (type 34); 1, or 0 and nothing written as for the IPv4 append.
+ * Needs 8 bytes. */
+RSVP_API int rsvp_add_xro_srlg_subobj(uint8_t *obj, uint8_t l_bit, uint32_t srlg);
+/* Appends an LSP subobject (type 36; addresses and extended tunnel ID in wire order); 1, or 0
+ * and nothing written as for the IPv4 append. Needs 24 bytes. */
+RSVP_API int rsvp_add_xro_lsp_subobj(uint8_t *obj, uint8_t l_bit, uint8_t attr, uint8_t flags,
+                                     uint16_t tunnel_id, uint16_t lsp_id, uint32_t sender,
+                                     uint32_t endpoint, uint32_t ext_tunnel_id);
+/* Reads an IPv4 prefix subobject without checking it, through each non-null output; 1, or 0
+ * for a null subobject. */
+RSVP_API int rsvp_extract_xro_ipv4_subobj(uint8_t *sub, uint8_t *l_bit, uint32_t *addr,
+                                          uint8_t *prefix_len, uint8_t *attr);
+/* Reads an unnumbered interface subobject without checking it, through each non-null output;
+ * 1, or 0 for a null subobject. */
+RSVP_API int rsvp_extract_xro_unnum_ifid_subobj(uint8_t *sub, uint8_t *l_bit, uint8_t *attr,
+                                                uint32_t *router_id, uint32_t *if_id);
+/* Reads an SRLG subobject without checking it, through each non-null output; 1, or 0 for a
+ * null subobject. */
+RSVP_API int rsvp_extract_xro_srlg_subobj(uint8_t *sub, uint8_t *l_bit, uint32_t *srlg);
+/* Reads an LSP subobject without checking it, through each non-null output; 1, or 0 for a
+ * null subobject. */
+RSVP_API int rsvp_extract_xro_lsp_subobj(uint8_t *sub, uint8_t *l_bit, uint8_t *attr,
+                                         uint8_t *flags, uint16_t *tunnel_id, uint16_t *lsp_id,
+                                         uint32_t *sender, uint32_t *endpoint,
+                                         uint32_t *ext_tunnel_id);
+/* Next subobject after prev (the first for NULL) that ends inside the object; NULL otherwise.
+ * The subobject is not validated. */
+RSVP_API uint8_t *rsvp_get_xro_next_sub_hdr(uint8_t *obj, uint8_t *prev);
+/* 1 for an EXCLUDE_ROUTE whose subobjects are all of a known type and length, else 0. */
+RSVP_API int rsvp_valid_xro(uint8_t *obj);
+/* Number of subobjects of a valid EXCLUDE_ROUTE; 0 for an invalid one. */
+RSVP_API uint32_t rsvp_xro_subobj_count(uint8_t *obj);
+/* Length byte of a subobject; 0 for NULL. */
+RSVP_API uint8_t RSVP_XRO_SUB_LEN(uint8_t *sub);
+/* 1 when the subobject's L bit is set, else 0 (also for NULL). */
+RSVP_API uint8_t RSVP_XRO_SUB_LBIT(uint8_t *sub);
+/* Type of a subobject, L bit masked off; 0 for NULL. */
+RSVP_API uint8_t RSVP_XRO_SUB_TYPE(uint8_t *sub);
 
 #ifdef __cplusplus
 }

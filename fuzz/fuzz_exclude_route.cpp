@@ -1,0 +1,79 @@
+// EXCLUDE_ROUTE: the validator, walker, count and accessors on every class-232 object; the
+// extractors on the subobjects of those that validate, each on its own type (the extractors
+// trust that their caller checked it); the four appends on scratch copies with room.
+#include "fuzz_registry.hpp"
+#include "rsvp_object_lib.h"
+
+namespace {
+
+using namespace rsvp_fuzz;
+
+void extract(uint8_t *sub) {
+    uint8_t l_bit = 0, attr = 0, prefix_len = 0, flags = 0;
+    uint32_t a = 0, b = 0, c = 0;
+    uint16_t tunnel_id = 0, lsp_id = 0;
+    switch (RSVP_XRO_SUB_TYPE(sub)) {
+        case RSVP_XRO_SUBOBJ_IPV4_PREFIX:
+            keep(rsvp_extract_xro_ipv4_subobj(sub, &l_bit, &a, &prefix_len, &attr));
+            break;
+        case RSVP_XRO_SUBOBJ_UNNUM:
+            keep(rsvp_extract_xro_unnum_ifid_subobj(sub, &l_bit, &attr, &a, &b));
+            break;
+        case RSVP_XRO_SUBOBJ_SRLG:
+            keep(rsvp_extract_xro_srlg_subobj(sub, &l_bit, &a));
+            break;
+        case RSVP_XRO_SUBOBJ_LSP:
+            keep(rsvp_extract_xro_lsp_subobj(sub, &l_bit, &attr, &flags, &tunnel_id, &lsp_id, &a,
+                                             &b, &c));
+            keep(rsvp_extract_xro_lsp_subobj(sub, nullptr, nullptr, nullptr, nullptr, nullptr,
+                                             nullptr, nullptr, nullptr));
+            break;
+    }
+    keep(l_bit + attr + prefix_len + flags + a + b + c + tunnel_id + lsp_id);
+}
+
+void exercise(std::span<const Object> objects) {
+    for (const Object &o : objects) {
+        if (o.class_num != RSVP_CLASS_EXCLUDE_ROUTE) continue;
+        const int valid = rsvp_valid_xro(o.obj);
+        keep(rsvp_xro_subobj_count(o.obj));
+        // The walker keeps every subobject inside the object, valid or not; a zero length
+        // would repeat a subobject forever, so the walk is bounded by the bytes it can cover.
+        uint8_t *sub = nullptr;
+        for (unsigned steps = 0; steps < o.length; ++steps) {
+            sub = rsvp_get_xro_next_sub_hdr(o.obj, sub);
+            if (!sub) break;
+            keep(RSVP_XRO_SUB_LEN(sub) + RSVP_XRO_SUB_LBIT(sub) + RSVP_XRO_SUB_TYPE(sub));
+            if (valid) extract(sub);
+        }
+        Scratch s = scratch_copy(o, RSVP_XRO_SUBOBJ_LSP_LEN);
+        keep(rsvp_add_xro_ipv4_subobj(s.data(), 1, 0x0100000a, 24, 1));
+        Scratch u = scratch_copy(o, RSVP_XRO_SUBOBJ_LSP_LEN);
+        keep(rsvp_add_xro_unnum_ifid_subobj(u.data(), 0, 2, 0x0100000a, 7));
+        Scratch g = scratch_copy(o, RSVP_XRO_SUBOBJ_LSP_LEN);
+        keep(rsvp_add_xro_srlg_subobj(g.data(), 1, 300));
+        Scratch l = scratch_copy(o, RSVP_XRO_SUBOBJ_LSP_LEN);
+        keep(rsvp_add_xro_lsp_subobj(l.data(), 0, 1, 3, 2, 4, 0x0100000a, 0x0700000a, 0x0100000a));
+        keep(rsvp_valid_xro(l.data()));
+    }
+}
+
+void seeds(std::vector<Bytes> &out) {
+    Bytes b(64, 0);
+    uint8_t *xro = b.data();
+    rsvp_build_xro(xro);
+    rsvp_add_xro_ipv4_subobj(xro, 0, 0x0317000a, 32, 0);
+    rsvp_add_xro_unnum_ifid_subobj(xro, 1, 1, 0x0500000a, 3);
+    rsvp_add_xro_srlg_subobj(xro, 0, 300);
+    rsvp_add_xro_lsp_subobj(xro, 1, 0, 0, 2, 4, 0x0100000a, 0x0700000a, 0x0100000a);
+    b.resize(RSVP_OBJECT_LENGTH(xro));
+    out.push_back(b);
+    Bytes empty(RSVP_OBJ_HDR_LEN, 0);
+    rsvp_build_xro(empty.data());
+    out.push_back(empty);
+}
+
+}  // namespace
+
+RSVP_FUZZ_EXERCISER(exercise);
+RSVP_FUZZ_SEEDS(seeds);

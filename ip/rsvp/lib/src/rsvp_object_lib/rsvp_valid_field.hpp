@@ -1,0 +1,20 @@
+// Field access behind the generic validity test.
+//
+// Many single-field accessors act only on an object that rsvp_valid_object accepts, whatever
+// its class. A valid object of another class may be shorter than the field the accessor
+// names, so the accessor also needs the object's Length to cover that field: nothing is read
+// or written behind the object.
+#pragma once
+
+#include <cstdint>
+
+#include "rsvp_object_internal.hpp"
+
+namespace rsvp {
+
+// True when rsvp_valid_object answers 1 for obj and its Length reaches field_end.
+inline bool valid_holds(uint8_t *obj, unsigned field_end) {
+    return rsvp_valid_object(obj) == RSVP_OBJECT_VALID && obj_length(obj) >= field_end;
+}
+
+}  // namespace rsvp

@@ -1,0 +1,148 @@
+#include <gtest/gtest.h>
+
+#include "rsvp_object_lib.h"
+#include "test_util.hpp"
+
+using namespace rsvp_test;
+
+namespace {
+
+// One subobject of each kind, built by hand.
+const char *kXro =
+    "00 38 e8 01"                           // length 56, class 232, C-Type 1
+    "81 08 0a 00 00 01 18 05"               // L, IPv4 10.0.0.1/24, attribute 5
+    "06 0c 00 02 01 01 01 01 00 00 00 07"   // unnumbered (type 6), attribute 2, 1.1.1.1 if 7
+    "22 08 00 00 00 64 00 00"               // SRLG 100
+    "a4 18 03 01 0a 00 00 09 00 00 00 2a"   // L, LSP: flags 3, attribute 1, endpoint 10.0.0.9,
+    "0a 00 00 01 0a 00 00 02 00 00 00 05";  //   tunnel 42, ext id 10.0.0.1, sender 10.0.0.2,
+                                            //   LSP 5
+
+}  // namespace
+
+TEST(ExcludeRoute, BuildAndAppendWriteExactBytes) {
+    Bytes b(64, 0xEE);
+    rsvp_build_xro(b.data());
+    ASSERT_EQ(rsvp_add_xro_srlg_subobj(b.data(), 1, 100), 1);
+    EXPECT_EQ(to_hex(b.data(), 12), "00 0c e8 01 a2 08 00 00 00 64 00 00");
+    b.assign(64, 0xEE);
+    rsvp_build_xro(b.data());
+    ASSERT_EQ(rsvp_add_xro_ipv4_subobj(b.data(), 1, ip("10.0.0.1"), 24, 5), 1);
+    ASSERT_EQ(rsvp_add_xro_unnum_ifid_subobj(b.data(), 0, 2, ip("1.1.1.1"), 7), 1);
+    ASSERT_EQ(rsvp_add_xro_srlg_subobj(b.data(), 0, 100), 1);
+    ASSERT_EQ(rsvp_add_xro_lsp_subobj(b.data(), 1, 1, 3, 42, 5, ip("10.0.0.2"), ip("10.0.0.9"),
+                                      ip("10.0.0.1")),
+              1);
+    EXPECT_EQ(to_hex(b.data(), 56), to_hex(hex(kXro)));
+    EXPECT_EQ(b[56], 0xEE);
+    EXPECT_EQ(rsvp_valid_object(b.data()), 1u);
+}
+
+TEST(ExcludeRoute, NoAppendPositionWritesNothing) {
+    for (const char *bad : {
+             "00 03 e8 01 00 00 00 00 00 00 00 00 00 00 00 00",  // length below 4
+             "00 0c e8 01 01 0c 00 00 00 00 00 00 00 00 00 00",  // runs past the end
+             "00 0c e8 01 01 06 00 00 00 00 00 00 00 00 00 00",  // 2 bytes left over
+             "00 0b e8 01 01 06 00 00 00 00 00 00 00 00 00 00",  // 1 byte left over
+             "00 0c e8 01 01 00 00 00 00 00 00 00 00 00 00 00",  // zero length byte (guard)
+         }) {
+        SCOPED_TRACE(bad);
+        Bytes b = hex(bad);
+        b.resize(40, 0);
+        const Bytes before = b;
+        EXPECT_EQ(rsvp_add_xro_ipv4_subobj(b.data(), 0, 1, 2, 3), 0);
+        EXPECT_EQ(rsvp_add_xro_unnum_ifid_subobj(b.data(), 0, 1, 2, 3), 0);
+        EXPECT_EQ(rsvp_add_xro_srlg_subobj(b.data(), 0, 1), 0);
+        EXPECT_EQ(rsvp_add_xro_lsp_subobj(b.data(), 0, 1, 2, 3, 4, 5, 6, 7), 0);
+        EXPECT_EQ(b, before);
+    }
+    EXPECT_EQ(rsvp_add_xro_srlg_subobj(nullptr, 0, 1), 0);
+    // Appending ignores class and content: any run that ends exactly at the end will do.
+    Bytes other = hex("00 08 15 01 05 04 00 00 00 00 00 00 00 00 00 00");
+    EXPECT_EQ(rsvp_add_xro_srlg_subobj(other.data(), 0, 1), 1);
+    EXPECT_EQ(RSVP_OBJECT_LENGTH(other.data()), 16);
+}
+
+TEST(ExcludeRoute, Validation) {
+    const std::pair<const char *, int> rows[] = {
+        {"00 04 e8 01", 1},
+        {"00 10 e8 01 06 0c 00 00 01 01 01 01 00 00 00 07", 1},
+        {"00 10 e8 01 04 0c 00 00 01 01 01 01 00 00 00 07", 0},  // type 4 is not XRO's
+        {"00 10 e8 01 22 0c 00 00 00 64 00 00 00 00 00 00", 0},  // SRLG of length 12
+        {"00 0c e8 01 02 08 00 00 00 64 00 00", 0},              // type 2 unknown here
+        {"00 0c e8 02 22 08 00 00 00 64 00 00", 0},              // C-Type 2
+        {"00 0c 14 01 22 08 00 00 00 64 00 00", 0},              // class 20
+        // A trailing remainder whose length byte reaches past the end is tolerated ...
+        {"00 0f e8 01 22 08 00 00 00 64 00 00 01 08 00", 1},
+        // ... one that fits inside is a subobject, and here a bad one.
+        {"00 0f e8 01 22 08 00 00 00 64 00 00 01 02 00", 0},
+        {"00 0f e8 01 22 08 00 00 00 64 00 00 00 00 00", 0},
+        {"00 0d e8 01 22 08 00 00 00 64 00 00 01", 1},  // one byte: no header, walk ends
+        {"00 02 e8 01", 1},                             // a Length below 4 is not checked
+    };
+    for (const auto &[bytes, valid] : rows) {
+        SCOPED_TRACE(bytes);
+        HeapBytes h = heap_copy(hex(bytes));
+        EXPECT_EQ(rsvp_valid_xro(h.data()), valid);
+    }
+    EXPECT_EQ(rsvp_valid_xro(nullptr), 0);
+}
+
+// The walk ends at the object end whatever follows it in memory; built objects therefore stay
+// valid in a larger zeroed buffer.
+TEST(ExcludeRoute, WalkEndsAtObjectEnd) {
+    Bytes b = hex(kXro);
+    b.resize(80, 0);
+    EXPECT_EQ(rsvp_get_xro_next_sub_hdr(b.data(), b.data() + 32), nullptr);
+    EXPECT_EQ(rsvp_get_xro_next_sub_hdr(nullptr, nullptr), nullptr);
+    EXPECT_EQ(rsvp_valid_xro(b.data()), 1);
+    EXPECT_EQ(rsvp_xro_subobj_count(b.data()), 4u);
+    b[3] = 2;
+    EXPECT_EQ(rsvp_xro_subobj_count(b.data()), 0u);
+}
+
+// Cut the object at every length: each cut inside a subobject ends the walk there.
+TEST(ExcludeRoute, LengthSweep) {
+    const Bytes full = hex(kXro);
+    for (uint16_t len = 0; len <= full.size(); ++len) {
+        SCOPED_TRACE(len);
+        HeapBytes h = heap_copy(full);
+        RSVP_SET_OBJECT_LENGTH(h.data(), len);
+        EXPECT_EQ(rsvp_valid_xro(h.data()), 1);
+        const uint32_t whole = len >= 56 ? 4 : len >= 32 ? 3 : len >= 24 ? 2 : len >= 12 ? 1 : 0;
+        EXPECT_EQ(rsvp_xro_subobj_count(h.data()), whole);
+    }
+}
+
+// The values read back are checked end to end (test_routes_e2e); here, what the extractors do
+// not check.
+TEST(ExcludeRoute, ExtractorsTrustTheirCaller) {
+    Bytes b = hex(kXro);
+    uint8_t l_bit = 9;
+    uint32_t srlg = 0;
+    EXPECT_EQ(rsvp_extract_xro_srlg_subobj(b.data() + 4, &l_bit, &srlg), 1);  // an IPv4 prefix
+    EXPECT_EQ(l_bit, 1);
+    EXPECT_EQ(srlg, 0x0a000001u);  // its address bytes read as an SRLG id
+    EXPECT_EQ(rsvp_extract_xro_ipv4_subobj(b.data() + 4, nullptr, nullptr, nullptr, nullptr), 1);
+    EXPECT_EQ(rsvp_extract_xro_unnum_ifid_subobj(b.data() + 12, nullptr, nullptr, nullptr, nullptr),
+              1);
+    EXPECT_EQ(rsvp_extract_xro_lsp_subobj(b.data() + 32, nullptr, nullptr, nullptr, nullptr,
+                                          nullptr, nullptr, nullptr, nullptr),
+              1);
+    EXPECT_EQ(rsvp_extract_xro_ipv4_subobj(nullptr, &l_bit, nullptr, nullptr, nullptr), 0);
+    EXPECT_EQ(rsvp_extract_xro_unnum_ifid_subobj(nullptr, &l_bit, nullptr, nullptr, nullptr), 0);
+    EXPECT_EQ(rsvp_extract_xro_srlg_subobj(nullptr, &l_bit, &srlg), 0);
+    EXPECT_EQ(rsvp_extract_xro_lsp_subobj(nullptr, &l_bit, nullptr, nullptr, nullptr, nullptr,
+                                          nullptr, nullptr, nullptr),
+              0);
+    EXPECT_EQ(l_bit, 1);
+}
+
+TEST(ExcludeRoute, Accessors) {
+    Bytes b = hex(kXro);
+    EXPECT_EQ(RSVP_XRO_SUB_LEN(b.data() + 32), 24);
+    EXPECT_EQ(RSVP_XRO_SUB_LBIT(b.data() + 32), 1);
+    EXPECT_EQ(RSVP_XRO_SUB_TYPE(b.data() + 32), 36);
+    EXPECT_EQ(RSVP_XRO_SUB_LBIT(b.data() + 12), 0);
+    EXPECT_EQ(RSVP_XRO_SUB_LEN(nullptr) + RSVP_XRO_SUB_LBIT(nullptr) + RSVP_XRO_SUB_TYPE(nullptr),
+              0);
+}

@@ -1,0 +1,186 @@
+// FLOWSPEC C-Type 2: Guaranteed, Controlled-Load and qualitative requests, the getters, the
+// orderings by average rate and the generic FLOWSPEC validator.
+#include <gtest/gtest.h>
+
+#include "intserv_fixtures.hpp"
+
+using namespace rsvp_test;
+
+TEST(Flowspec, BuildWritesBothLayouts) {
+    Bytes b(52, 0xee);
+    rsvp_build_flowspec(b.data(), RSVP_QOS_GUARANTEED, 10000, 1250000, 64, 1500, 2500000, 2000000,
+                        100);
+    EXPECT_EQ(to_hex(b), to_hex(hex(kGtdHex)) + " ee ee ee ee");
+    b.assign(40, 0xee);
+    rsvp_build_flowspec(b.data(), RSVP_QOS_CONTROLLED_LOAD, 10000, 1250000, 64, 1500, 2500000,
+                        2000000, 100);
+    EXPECT_EQ(to_hex(b), to_hex(hex(kClHex)) + " ee ee ee ee");
+    // Any other code, the wire number 2 included, writes a zero length and nothing else.
+    for (uint8_t code : {0, 2, 6, 255}) {
+        SCOPED_TRACE(code);
+        b.assign(8, 0xee);
+        rsvp_build_flowspec(b.data(), code, 1, 1, 1, 1, 1, 1, 1);
+        EXPECT_EQ(to_hex(b), "00 00 ee ee ee ee ee ee");
+    }
+}
+
+TEST(Flowspec, ValidatorChecksEachField) {
+    struct Row {
+        const char *base;
+        size_t offset;
+        const char *patch;
+        int verdict;
+    } rows[] = {
+        {kGtdHex, 0, "00 30", 1},                     // as built
+        {kGtdHex, 2, "0c", 0},                        // class 12
+        {kGtdHex, 0, "00 34", 0},                     // length 52
+        {kGtdHex, 4, "10", 0},                        // version 1
+        {kGtdHex, 5, "01", 0},                        // reserved bits
+        {kGtdHex, 6, "00 09", 0},                     // overall length 9
+        {kGtdHex, 9, "80", 0},                        // fragment reserved byte
+        {kGtdHex, 10, "00 08", 0},                    // service data length 8
+        {kGtdHex, 12, "7e", 0},                       // token bucket id
+        {kGtdHex, 13, "01", 0},                       // token bucket flags
+        {kGtdHex, 14, "00 06", 0},                    // token bucket length
+        {kGtdHex, 36, "83", 0},                       // RSpec id
+        {kGtdHex, 37, "01", 0},                       // RSpec flags
+        {kGtdHex, 38, "00 03", 0},                    // RSpec length
+        {kGtdHex, 16, "7f 80 00 00", 0},              // r infinite
+        {kGtdHex, 20, "7f 80 00 00", 0},              // b infinite
+        {kGtdHex, 24, "7f 80 00 00", 1},              // p infinite
+        {kGtdHex, 24, "49 98 96 70", 0},              // p below r
+        {kGtdHex, 40, "49 98 96 80", 1},              // R = r
+        {kGtdHex, 40, "7f 80 00 00", 0},              // R infinite
+        {kGtdHex, 28, "ff ff ff ff 00 00 00 00", 1},  // m above M, S 0: not examined
+        {kClHex, 0, "00 24", 1},                      // as built
+        {kClHex, 0, "00 30", 0},                      // length 48
+        {kClHex, 6, "00 0a", 0},                      // overall length 10
+        {kClHex, 10, "00 09", 0},                     // service data length 9
+        {kClHex, 16, "7f 80 00 00", 0},               // r infinite
+        {kClHex, 24, "7f 80 00 00", 1},               // p infinite
+        {kClHex, 24, "00 00 00 00", 0},               // p below r
+        {kClHex, 28, "ff ff ff ff", 1},               // m above M: not examined
+        {kClHex, 8, "01", 0},                         // service 1
+        {kGtdHex, 8, "03", 0},                        // service 3
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(testing::Message() << row.base << " @" << row.offset << ": " << row.patch);
+        Bytes b = patched(row.base, row.offset, row.patch);
+        b.resize(b[1], 0);  // the buffer follows a patched length
+        EXPECT_EQ(rsvp_valid_flowspec(heap_copy(b).data()), row.verdict);
+    }
+    // R one unit below r after conversion (r 1000000, R 999999), then equal to it.
+    Bytes low = patched(kGtdHex, 16, "49 74 24 00");
+    std::copy_n(hex("49 74 23 f0").begin(), 4, low.begin() + 40);
+    EXPECT_EQ(rsvp_valid_flowspec(low.data()), 0);
+    std::copy_n(hex("49 74 23 f0").begin(), 4, low.begin() + 16);
+    EXPECT_EQ(rsvp_valid_flowspec(low.data()), 1);
+    EXPECT_EQ(rsvp_valid_flowspec(nullptr), 0);
+}
+
+// The rate comparisons are unsigned 64-bit: a negative converted value ranks above every
+// positive one, in the validator and in both orderings.
+TEST(Flowspec, NegativeValuesCompareAboveAllPositiveOnes) {
+    Bytes neg_r = patched(kGtdHex, 16, "bf 80 00 00");  // r -1: p and R now "below" it
+    EXPECT_EQ(rsvp_valid_flowspec(neg_r.data()), 0);
+    EXPECT_EQ(rsvp_valid_flowspec(patched(kGtdHex, 24, "bf 80 00 00").data()), 1);  // p -1
+    EXPECT_EQ(rsvp_valid_flowspec(patched(kGtdHex, 40, "bf 80 00 00").data()), 1);  // R -1
+    Bytes pos = hex(kGtdHex), tspec(36);
+    EXPECT_EQ(rsvp_compare_flowspecs(neg_r.data(), pos.data()), 1);
+    EXPECT_EQ(rsvp_compare_flowspecs(pos.data(), neg_r.data()), -1);
+    rsvp_build_tspec(tspec.data(), -1, 0, 0, 0, 0);
+    EXPECT_EQ(rsvp_compare_tspec_with_flowspec(tspec.data(), pos.data()), 1);
+    EXPECT_EQ(rsvp_compare_tspec_with_flowspec(tspec.data(), neg_r.data()), 0);
+}
+
+TEST(Flowspec, ExtractThroughTheGetters) {
+    const std::pair<const char *, FlowFields> rows[] = {
+        {kGtdHex, {3, 10000, 1250000, 2500000, 64, 1500, 2000000, 100}},
+        // Without an RSpec, r stands for the requested rate and S is 0.
+        {kClHex, {5, 10000, 1250000, 2500000, 64, 1500, 1250000, 0}},
+        // Service 6 validates whatever follows its number; nothing else is reported.
+        {"00 0c 09 02  ff ff ff ff  06 ff ff ff", {6, 0, 0, 0, 65535, 0, 0, 0}},
+    };
+    for (const auto &[base, want] : rows) {
+        SCOPED_TRACE(base);
+        HeapBytes b = heap_copy(hex(base));
+        FlowFields got{0xee, -7, -7, -7, 7, 7, -7, 7};
+        auto &[qos, burst, rate, peak, m, big_m, req, slack] = got;
+        ASSERT_EQ(
+            rsvp_extract_flowspec(b.data(), &qos, &burst, &rate, &m, &big_m, &peak, &req, &slack),
+            1);
+        EXPECT_EQ(got, want);
+        EXPECT_EQ(flow_fields(b.data()), want);
+    }
+    FlowFields untouched{0xee, -7, -7, -7, 7, 7, -7, 7}, before = untouched;
+    auto &[qos, burst, rate, peak, m, big_m, req, slack] = untouched;
+    Bytes bad = patched(kGtdHex, 40, "7f 80 00 00");
+    EXPECT_EQ(
+        rsvp_extract_flowspec(bad.data(), &qos, &burst, &rate, &m, &big_m, &peak, &req, &slack), 0);
+    EXPECT_EQ(untouched, before);
+    // The service number itself must lie inside the object.
+    EXPECT_EQ(rsvp_valid_flowspec(heap_copy(hex("00 08 09 02 00 00 00 00")).data()), 0);
+}
+
+TEST(Flowspec, GettersByServiceAndCType) {
+    // Service 1 is read by all but the minimum policed unit (65535) and the QoS code.
+    Bytes one = patched(kClHex, 8, "01");
+    EXPECT_EQ(flow_fields(one.data()),
+              FlowFields(0, 10000, 1250000, 2500000, 65535, 1500, 1250000, 0));
+    // Another C-Type: 0 everywhere, the minimum policed unit included.
+    Bytes ctype4 = patched(kGtdHex, 3, "04");
+    EXPECT_EQ(flow_fields(ctype4.data()), FlowFields(0, 0, 0, 0, 0, 0, 0, 0));
+    // A null object: 0, but 65535 for the minimum policed unit.
+    EXPECT_EQ(flow_fields(nullptr), FlowFields(0, 0, 0, 0, 65535, 0, 0, 0));
+}
+
+TEST(Flowspec, OrderingsUseTheAverageRateOnly) {
+    Bytes gtd = hex(kGtdHex), cl = patched(kClHex, 20, "00 00 00 00 4b 00 00 00 00 00 00 01");
+    EXPECT_EQ(rsvp_compare_flowspecs(gtd.data(), cl.data()), 0);
+    Bytes slower = patched(kClHex, 16, "49 74 24 00");
+    EXPECT_EQ(rsvp_compare_flowspecs(slower.data(), gtd.data()), -1);
+    EXPECT_EQ(rsvp_compare_flowspecs(gtd.data(), slower.data()), 1);
+    Bytes tspec = hex(kTspecHex);
+    EXPECT_EQ(rsvp_compare_tspec_with_flowspec(tspec.data(), gtd.data()), 0);
+    EXPECT_EQ(rsvp_compare_tspec_with_flowspec(tspec.data(), slower.data()), 1);
+    EXPECT_EQ(rsvp_compare_tspec_with_flowspec(nullptr, slower.data()), -1);
+}
+
+TEST(Flowspec, Accessors) {
+    Bytes b = hex(kGtdHex);
+    uint8_t *frag = RSVP_FLOWSPEC_FRAGMENTS_PTR(b.data(), 0);
+    ASSERT_EQ(frag, b.data() + 8);
+    EXPECT_EQ(RSVP_FLOWSPEC_HEADER_LENGTH(b.data()), 10);
+    EXPECT_EQ(RSVP_GTD_BUCKET_PTR(frag), frag);
+    EXPECT_EQ(RSVP_CLOAD_BUCKET_PTR(frag), frag);
+    EXPECT_EQ(std::tuple(RSVP_FLOWSPEC_RSPEC_PARAM_ID(frag), RSVP_FLOWSPEC_RSPEC_FLAGS(frag),
+                         RSVP_FLOWSPEC_RSPEC_PARAM_LEN(frag), RSVP_FLOWSPEC_RSPEC_REQ_RATE(frag),
+                         RSVP_FLOWSPEC_RSPEC_SLACK(frag)),
+              std::tuple(130, 0, 2, 2000000, 100u));
+    b[4] = 0x30;  // no validation: a broken object still reads
+    EXPECT_EQ(RSVP_FLOWSPEC_HEADER_VERSION(b.data()), 3);
+    EXPECT_EQ(RSVP_FLOWSPEC_FRAGMENTS_PTR(nullptr, 4), nullptr);
+    EXPECT_EQ(RSVP_FLOWSPEC_RSPEC_REQ_RATE(nullptr), 0);
+}
+
+TEST(Flowspec, GenericValidatorChoosesByCType) {
+    const std::pair<Bytes, int> rows[] = {
+        {hex(kGtdHex), 1},
+        {hex(kClHex), 1},
+        {object(9, 4, Bytes(12, 0xff)), 1},
+        {object(9, 4, Bytes(8, 0)), 0},
+        {object(9, 5, hex("00 00 00 07 00 01 00 01 4b 80 00 00")), 1},
+        {object(9, 5, Bytes(16, 0)), 0},
+        {object(9, 1, Bytes(12, 0)), 0},
+        {object(12, 2, Bytes(12, 0)), 0},
+    };
+    for (const auto &[obj, verdict] : rows) {
+        SCOPED_TRACE(to_hex(obj));
+        HeapBytes b = heap_copy(obj);
+        EXPECT_EQ(rsvp_valid_gen_flowspec(b.data()), verdict);
+        if (obj[2] == 9) {
+            EXPECT_EQ(rsvp_valid_object(b.data()), unsigned(verdict));
+        }
+    }
+    EXPECT_EQ(rsvp_valid_gen_flowspec(nullptr), 0);
+}

@@ -1,0 +1,213 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <tuple>
+
+#include "rsvp_object_lib.h"
+#include "test_util.hpp"
+
+using namespace rsvp_test;
+
+namespace {
+
+// 44 bytes: IPv4 10.0.0.1 flags 01 | label 16 (flags 01, C-Type 2) | unnumbered 10.0.0.5 if 7
+// flags 03 | SRLG 100, 200. Subobjects end at 12, 20, 32 and 44.
+constexpr const char kSample[] =
+    "00 2c 15 01  01 08 0a 00 00 01 20 01  03 08 01 02 00 00 00 10"
+    "04 0c 03 00 0a 00 00 05 00 00 00 07  22 0c 00 00 00 00 00 64 00 00 00 c8";
+Bytes sample_rro() {
+    return hex(kSample);
+}
+
+const uint32_t kLabels[63] = {0x12345, 7};
+
+}  // namespace
+
+TEST(RecordRoute, FrontInsertsExactBytes) {
+    Bytes b = hex("00 04 15 01");
+    b.resize(600, 0xee);
+    uint8_t *o = b.data();
+    rsvp_insert_record_route_ipv4(o, ip("10.11.0.1"), 0x01);
+    ASSERT_EQ(rsvp_insert_record_route_ipv4(o, ip("10.11.0.2"), 0x02), o);
+    EXPECT_EQ(to_hex(o, 20), "00 14 15 01 01 08 0a 0b 00 02 20 02 01 08 0a 0b 00 01 20 01");
+    // The reserved byte 3 of an unnumbered hop keeps what the move left there (0b).
+    ASSERT_EQ(rsvp_insert_record_route_unnum(o, ip("10.0.0.5"), 0x01020304, 3), o);
+    EXPECT_EQ(to_hex(o, 20), "00 20 15 01 04 0c 03 0b 0a 00 00 05 01 02 03 04 01 08 0a 0b");
+    // SRLG identifiers are written only from a non-null array (0a 00 00 05 stays); a count
+    // of 0 is allowed.
+    ASSERT_EQ(rsvp_insert_record_route_srlg(o, nullptr, 1), o);
+    EXPECT_EQ(to_hex(o, 16), "00 28 15 01 22 08 00 00 0a 00 00 05 04 0c 03 0b");
+    ASSERT_EQ(rsvp_insert_record_route_srlg(o, kLabels, 0), o);
+    EXPECT_EQ(to_hex(o, 8), "00 2c 15 01 22 04 00 00");
+    // Failed inserts change nothing.
+    EXPECT_EQ(rsvp_insert_record_route_label(o, kLabels, 0, 2, 1), nullptr);
+    EXPECT_EQ(rsvp_insert_record_route_label(o, nullptr, 1, 2, 1), nullptr);
+    EXPECT_EQ(rsvp_insert_record_route_srlg(o, kLabels, 63), nullptr);
+    EXPECT_EQ(to_hex(o, 8), "00 2c 15 01 22 04 00 00");
+    EXPECT_FALSE(rsvp_insert_record_route_label(nullptr, kLabels, 1, 2, 1) ||
+                 rsvp_insert_record_route_srlg(nullptr, kLabels, 1) ||
+                 rsvp_insert_record_route_ipv4(nullptr, 0, 0) ||
+                 rsvp_insert_record_route_unnum(nullptr, 0, 0, 0));
+    // A header Length below 4: nothing moves, the new Length is the old one plus 8.
+    Bytes short_hdr = hex("00 02 15 01 aa bb cc dd");
+    short_hdr.resize(13, 0xee);
+    rsvp_insert_record_route_ipv4(short_hdr.data(), ip("10.0.0.1"), 0);
+    EXPECT_EQ(to_hex(short_hdr), "00 0a 15 01 01 08 0a 00 00 01 20 00 ee");
+}
+
+// Kept as they stand. 63 labels move 256 bytes while the length byte wraps to 0: the object
+// does not grow and the old hop lands behind its end. The SRLG insert moves by the low 8
+// bits of the Length: at 260 (0x104) nothing moves and the newest hop is overwritten.
+TEST(RecordRoute, LengthQuirksOfTheFrontInsert) {
+    Bytes b = hex("00 0c 15 01 01 08 0a 00 00 01 20 00");
+    b.resize(600, 0xee);
+    rsvp_insert_record_route_label(b.data(), kLabels, 63, 2, 0);
+    EXPECT_EQ(to_hex(b.data(), 12), "00 0c 15 01 03 00 00 02 00 01 23 45");
+    EXPECT_EQ(to_hex(b.data() + 260, 8), "01 08 0a 00 00 01 20 00");
+    ASSERT_EQ(rsvp_insert_record_route_srlg(b.data(), kLabels, 62), b.data());  // 8 + 252
+    EXPECT_EQ(to_hex(b.data(), 16), "01 08 15 01 22 fc 00 00 00 01 23 45 00 00 00 07");
+
+    rsvp_build_record_route(b.data());
+    for (int i = 1; i <= 32; ++i)
+        rsvp_insert_record_route_ipv4(b.data(), ip(("10.0.0." + std::to_string(i)).c_str()), 0);
+    rsvp_insert_record_route_srlg(b.data(), kLabels + 1, 1);
+    EXPECT_EQ(to_hex(b.data(), 20), "01 0c 15 01 22 08 00 00 00 00 00 07 01 08 0a 00 00 1f 20 00");
+}
+
+// No L bit: 0x81 is an unknown type, valid at any whole-word length.
+TEST(RecordRoute, SubobjectValidationAndAccessors) {
+    const struct {
+        const char *bytes;
+        int valid;
+    } rows[] = {{"01 08", 1}, {"01 0c", 0}, {"02 14", 1}, {"02 08", 0}, {"04 0c", 1}, {"04 08", 0},
+                {"03 04", 1}, {"03 fc", 1}, {"22 04", 1}, {"22 10", 1}, {"07 08", 1}, {"00 04", 1},
+                {"81 0c", 1}, {"ff 04", 1}, {"07 06", 0}, {"03 06", 0}, {"22 02", 0}, {"07 00", 0}};
+    for (const auto &r : rows) {
+        SCOPED_TRACE(r.bytes);
+        HeapBytes s = heap_copy(hex(r.bytes));
+        EXPECT_EQ(valid_record_route_subobject(s.data()), r.valid);
+        EXPECT_EQ(RSVP_RRO_GENERIC_TYPE(s.data()), r.valid ? s.data()[0] : 0);
+        EXPECT_EQ(RSVP_RRO_GENERIC_LENGTH(s.data()), r.valid ? s.data()[1] : 0);
+    }
+    EXPECT_EQ(valid_record_route_subobject(nullptr) + RSVP_RRO_GENERIC_TYPE(nullptr), 0);
+}
+
+// Cut at every length: only the bare header and the subobject ends validate. Unlike
+// EXPLICIT_ROUTE, a last subobject that reaches past the end is invalid.
+TEST(RecordRoute, ObjectValidationLengthSweep) {
+    const Bytes full = sample_rro();
+    for (size_t n = 0; n <= full.size(); ++n) {
+        SCOPED_TRACE(n);
+        Bytes cut(full.begin(), full.begin() + std::max<size_t>(n, 4));
+        cut[1] = static_cast<uint8_t>(n);
+        HeapBytes h = heap_copy(cut);
+        const bool ends = n == 4 || n == 12 || n == 20 || n == 32 || n == 44;
+        EXPECT_EQ(rsvp_valid_record_route(h.data()), ends ? 1 : 0);
+        EXPECT_EQ(rsvp_valid_object(h.data()), ends ? 1u : 0u);
+    }
+    Bytes other = full;
+    other[2] = RSVP_CLASS_EXPLICIT_ROUTE;
+    EXPECT_EQ(rsvp_valid_record_route(other.data()), 0);
+    other = full;
+    other[3] = 2;
+    EXPECT_EQ(rsvp_valid_record_route(other.data()), 0);
+    EXPECT_EQ(rsvp_valid_record_route(nullptr), 0);
+}
+
+TEST(RecordRoute, WalkerAndExtractorsRefuseBadInputAndLeaveOutputs) {
+    HeapBytes o = heap_copy(sample_rro());
+    uint8_t *ipv4 = o.data() + 4, *label = o.data() + 12, *unnum = o.data() + 20;
+    EXPECT_EQ(rsvp_extract_rro_next_subobject(o.data(), ipv4), label);
+    EXPECT_EQ(rsvp_extract_rro_next_subobject(o.data(), o.data() + 32), nullptr);  // end
+    EXPECT_EQ(rsvp_extract_rro_next_subobject(o.data(), o.data() + 2), nullptr);   // "15 01"
+    uint32_t a = 1, b = 2, *none = nullptr;
+    uint8_t c = 3, d = 4;
+    EXPECT_EQ(rsvp_extract_rro_subobject_ipv4(unnum, &a, &c, &d), 0);
+    EXPECT_EQ(rsvp_extract_rro_subobject_unnum(ipv4, &a, &b, &c), 0);
+    EXPECT_EQ(rsvp_extract_rro_subobject_srlg(label, &a, &c), 0);
+    EXPECT_EQ(rsvp_extract_rro_subobject_label(label, &none, &c, &d, &d), 0);
+    EXPECT_EQ(rsvp_extract_rro_subobject_label_count(unnum), 0);
+    EXPECT_EQ(rsvp_extract_rro_subobject_srlg_count(label), 0);
+    Bytes bad = hex("01 0c 0a 00 00 01 20 01 00 00 00 00");  // IPv4 of length 12
+    EXPECT_EQ(rsvp_extract_rro_subobject_ipv4(bad.data(), &a, &c, &d), 0);
+    EXPECT_EQ(std::tie(a, b, c, d), std::make_tuple(1u, 2u, uint8_t{3}, uint8_t{4}));
+    o.data()[3] = 7;
+    EXPECT_EQ(rsvp_extract_rro_next_subobject(o.data(), nullptr), nullptr);
+    EXPECT_EQ(rsvp_count_rro_subobject_ipv4(o.data()), 0u);
+}
+
+// The flag searches do not validate. Their guards: a zero length byte ends the walk once
+// that hop was checked, and nothing past the object Length is read (exact-size copies).
+TEST(RecordRoute, FlagSearch) {
+    const struct {
+        const char *obj;
+        uint8_t mask;
+        int ipv4, unnum;
+    } rows[] = {
+        {kSample, 0x01, 1, 1},
+        {kSample, 0x04, 0, 0},
+        {"00 04 15 01", 0x00, 0, 0},
+        {"00 10 15 01 07 00 00 00 01 08 0a 00 00 01 20 01", 0x00, 0, 0},  // stuck on type 7
+        {"00 10 15 01 04 00 01 00 01 08 0a 00 00 01 20 01", 0x01, 0, 1},  // stuck after a match
+        {"00 08 15 01 01 08 0a 00", 0x01, 0, 0},                          // flags byte past the end
+        {"00 08 15 01 01 08 0a 00", 0x00, 1, 0},     // a mask of 0 needs no flags byte
+        {"00 09 15 01 07 04 00 00 04", 0x01, 0, 0},  // one byte left for the last hop
+        {"00 09 15 01 07 04 00 00 04", 0x00, 0, 1},
+    };
+    for (const auto &r : rows) {
+        SCOPED_TRACE(r.obj);
+        HeapBytes h = heap_copy(hex(r.obj));
+        EXPECT_EQ(rsvp_rro_check_ipv4_flags(h.data(), r.mask), r.ipv4);
+        EXPECT_EQ(rsvp_rro_check_unnum_flags(h.data(), r.mask), r.unnum);
+    }
+    EXPECT_EQ(rsvp_rro_check_ipv4_flags(nullptr, 0) + rsvp_rro_check_unnum_flags(nullptr, 0), 0);
+    Bytes other = sample_rro();
+    other[2] = 99;  // not validated: the class does not matter
+    EXPECT_EQ(rsvp_rro_check_ipv4_flags(other.data(), 0x01), 1);
+}
+
+// Three transit nodes record themselves as a Resv travels upstream: each inserts its SRLGs,
+// its label, then its address, so that the address leads its own hop.
+TEST(RecordRoute, GrownHopByHopAndReadBackInOrder) {
+    Bytes b(128, 0);
+    uint8_t *o = b.data();
+    rsvp_build_record_route(o);
+    const uint32_t srlg_a[] = {100, 200}, srlg_b = 300, label[] = {16, 17, 18};
+    rsvp_insert_record_route_srlg(o, srlg_a, 2);
+    rsvp_insert_record_route_label(o, &label[0], 1, 2, RSVP_RRO_LABEL_FLAG_GLOBAL);
+    rsvp_insert_record_route_ipv4(o, ip("10.0.0.9"), 0);
+    rsvp_insert_record_route_srlg(o, &srlg_b, 1);
+    rsvp_insert_record_route_label(o, &label[1], 1, 2, 0);
+    rsvp_insert_record_route_unnum(o, ip("10.0.0.5"), 7, RSVP_RRO_FLAG_LOCAL_PROT_IN_USE);
+    rsvp_insert_record_route_srlg(o, nullptr, 0);
+    rsvp_insert_record_route_label(o, &label[2], 1, 2, 0);
+    rsvp_insert_record_route_ipv4(o, ip("10.0.0.1"), RSVP_RRO_FLAG_NODE_PROT | 1);
+    ASSERT_EQ(RSVP_OBJECT_LENGTH(o), 80);
+    HeapBytes h = heap_copy(Bytes(b.begin(), b.begin() + 80));
+    ASSERT_EQ(rsvp_valid_object(h.data()), 1u);
+
+    std::string seen;
+    for (uint8_t *s = rsvp_extract_rro_next_subobject(h.data(), nullptr); s;
+         s = rsvp_extract_rro_next_subobject(h.data(), s)) {
+        uint32_t a, v[RSVP_RRO_MAX_VALUES] = {}, *vp = v;
+        uint8_t n, f, t;
+        auto addr = [&a] { return to_hex(reinterpret_cast<const uint8_t *>(&a), 4); };
+        char buf[64] = "?";
+        if (rsvp_extract_rro_subobject_ipv4(s, &a, &n, &f))
+            std::snprintf(buf, sizeof buf, "ipv4 %s/%u f%u;", addr().c_str(), n, f);
+        else if (rsvp_extract_rro_subobject_unnum(s, &a, v, &f))
+            std::snprintf(buf, sizeof buf, "unnum %s %u f%u;", addr().c_str(), v[0], f);
+        else if (rsvp_extract_rro_subobject_label(s, &vp, &n, &f, &t))
+            std::snprintf(buf, sizeof buf, "label %u:%u f%u t%u;", n, v[0], f, t);
+        else if (rsvp_extract_rro_subobject_srlg(s, v, &n))
+            std::snprintf(buf, sizeof buf, "srlg %u:%u,%u;", n, v[0], v[1]);
+        seen += buf;
+    }
+    EXPECT_EQ(seen,
+              "ipv4 0a 00 00 01/32 f9;label 1:18 f0 t2;srlg 0:0,0;"
+              "unnum 0a 00 00 05 7 f2;label 1:17 f0 t2;srlg 1:300,0;"
+              "ipv4 0a 00 00 09/32 f0;label 1:16 f1 t2;srlg 2:100,200;");
+    EXPECT_EQ(rsvp_count_rro_subobject_ipv4(h.data()), 2u);
+    EXPECT_EQ(rsvp_count_rro_subobject_unnum(h.data()), 1u);
+}
