@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+#include <vector>
+
 #include "rsvp_object_lib.h"
 #include "test_util.hpp"
 
@@ -12,64 +15,53 @@ const char *kRoute =
     "01 08 0a 00 00 01 20 00"              // strict 10.0.0.1/32
     "84 0c 00 00 01 01 01 01 00 00 00 07"  // loose unnumbered 1.1.1.1 interface 7
     "20 04 fd e9";                         // strict AS 65001
-const char *kZeroLength = "00 10 14 01 01 08 0a 00 00 01 20 00 01 00 00 00 00 00 00 00 00 00";
 
 }  // namespace
 
-TEST(ExplicitRoute, BuildAndAppendWriteExactBytes) {
-    Bytes b(40, 0xEE);
+TEST(ExplicitRoute, AppendWritesExactBytes) {
+    Bytes b(48, 0xee);
     rsvp_build_explicit_route(b.data());
-    EXPECT_EQ(rsvp_add_explicit_route_ipv4(b.data(), 1, ip("10.0.0.1"), 32), 1);
+    EXPECT_EQ(rsvp_add_explicit_route_ipv4(b.data(), 1, ip("10.0.0.1"), 40), 1);
     EXPECT_EQ(rsvp_add_explicit_route_unnum(b.data(), 0, ip("1.1.1.1"), 7), 1);
-    EXPECT_EQ(rsvp_add_explicit_route_ipv4(b.data(), 0, ip("10.0.0.2"), 40), 1);
-    EXPECT_EQ(to_hex(b.data(), 33),
-              "00 20 14 01 "                          // length 32
-              "81 08 0a 00 00 01 20 00 "              // loose 10.0.0.1/32
+    EXPECT_EQ(rsvp_add_explicit_route_unnum(b.data(), 1, ip("1.1.1.1"), 6), 1);
+    EXPECT_EQ(rsvp_add_explicit_route_ipv4(b.data(), 1, ip("10.0.0.1"), 40), 1);
+    // Only the unnumbered append refuses a duplicate, and the L bit does not matter to it.
+    const Bytes before = b;
+    EXPECT_EQ(rsvp_add_explicit_route_unnum(b.data(), 1, ip("1.1.1.1"), 7), 0);
+    EXPECT_EQ(b, before);
+    EXPECT_EQ(to_hex(b.data(), 45),
+              "00 2c 14 01 "                          // length 44
+              "81 08 0a 00 00 01 28 00 "              // loose 10.0.0.1, prefix length 40 as given
               "04 0c 00 00 01 01 01 01 00 00 00 07 "  // strict unnumbered, reserved 0
-              "01 08 0a 00 00 02 28 00 ee");          // prefix length 40 kept as given
+              "84 0c 00 00 01 01 01 01 00 00 00 06 "  // another interface: no duplicate
+              "81 08 0a 00 00 01 28 00 ee");          // the same IPv4 hop again
 }
 
-TEST(ExplicitRoute, AppendRefusalsAndTheUnnumberedQuirks) {
+TEST(ExplicitRoute, AppendRefusals) {
     EXPECT_EQ(rsvp_add_explicit_route_ipv4(nullptr, 0, 0, 0), 0);
     EXPECT_EQ(rsvp_add_explicit_route_unnum(nullptr, 0, 0, 0), 0);
-    Bytes b = hex("00 03 14 01 00 00 00 00 00 00 00 00 00 00 00 00");
+    Bytes b = hex("00 03 14 01 ee ee ee ee ee ee ee ee ee ee ee ee ee");
     EXPECT_EQ(rsvp_add_explicit_route_ipv4(b.data(), 0, ip("10.0.0.1"), 32), 0);
-    EXPECT_EQ(to_hex(b.data(), 4), "00 03 14 01");
+    EXPECT_EQ(to_hex(b.data(), 5), "00 03 14 01 ee");
     // The unnumbered append does not check the length: it writes at byte 4, length + 12.
     EXPECT_EQ(rsvp_add_explicit_route_unnum(b.data(), 1, ip("2.2.2.2"), 9), 1);
-    EXPECT_EQ(to_hex(b), "00 0f 14 01 84 0c 00 00 02 02 02 02 00 00 00 09");
-
-    // Only the unnumbered append refuses a duplicate, and the L bit does not matter to it.
-    Bytes r(64, 0);
-    rsvp_build_explicit_route(r.data());
-    EXPECT_EQ(rsvp_add_explicit_route_ipv4(r.data(), 0, ip("10.0.0.1"), 32), 1);
-    EXPECT_EQ(rsvp_add_explicit_route_ipv4(r.data(), 0, ip("10.0.0.1"), 32), 1);
-    EXPECT_EQ(rsvp_add_explicit_route_unnum(r.data(), 0, ip("1.1.1.1"), 7), 1);
-    const Bytes before = r;
-    EXPECT_EQ(rsvp_add_explicit_route_unnum(r.data(), 1, ip("1.1.1.1"), 7), 0);
-    EXPECT_EQ(r, before);
+    EXPECT_EQ(to_hex(b), "00 0f 14 01 84 0c 00 00 02 02 02 02 00 00 00 09 ee");
+    // A zero length byte in the trusted content would stop the walk for ever: give up there.
+    Bytes z = hex("00 10 14 01 01 08 0a 00 00 01 20 00 01 00 00 00 00 00 00 00 00 00");
+    const Bytes z_before = z;
+    EXPECT_EQ(rsvp_add_explicit_route_ipv4(z.data(), 0, ip("10.0.0.2"), 32), 0);
+    EXPECT_EQ(rsvp_add_explicit_route_unnum(z.data(), 0, ip("1.1.1.1"), 1), 0);
+    EXPECT_EQ(z, z_before);
 }
 
-// A zero length byte in the trusted content would stop the append walk for ever; the appends
-// give up there without writing.
-TEST(ExplicitRoute, AppendGivesUpOnZeroLengthByte) {
-    Bytes b = hex(kZeroLength);
-    const Bytes before = b;
-    EXPECT_EQ(rsvp_add_explicit_route_ipv4(b.data(), 0, ip("10.0.0.2"), 32), 0);
-    EXPECT_EQ(rsvp_add_explicit_route_unnum(b.data(), 0, ip("1.1.1.1"), 1), 0);
-    EXPECT_EQ(b, before);
-}
-
-TEST(ExplicitRoute, SubobjectValidation) {
+// Subobjects: the L bit is masked off and each type has one exact length (only the header is
+// read: exact-size copies). Objects: every Length from 4 up validates, because a last
+// subobject that runs past the object end is accepted and the Length need not be a multiple
+// of 4 (the dispatcher still wants one).
+TEST(ExplicitRoute, Validation) {
     const std::pair<const char *, int> rows[] = {
-        {"01 08 0a 00 00 01 20 00", 1},
-        {"01 0c 0a 00 00 01 20 00 00 00 00 00", 0},
-        {"84 0c 00 00 01 01 01 01 00 00 00 07", 1},
-        {"02 14 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00", 1},
-        {"a0 04 00 01", 1},
-        {"20 08 00 01 00 00 00 00", 0},
-        {"03 08 00 00 00 00 00 00", 0},  // a label is no ERO subobject
-        {"01 01", 0},
+        {"01 08", 1}, {"81 08", 1}, {"01 0c", 0}, {"84 0c", 1}, {"04 08", 0}, {"02 14", 1},
+        {"02 08", 0}, {"a0 04", 1}, {"20 08", 0}, {"03 08", 0}, {"01 01", 0}, {"00 02", 0},
     };
     for (const auto &[bytes, valid] : rows) {
         SCOPED_TRACE(bytes);
@@ -77,11 +69,7 @@ TEST(ExplicitRoute, SubobjectValidation) {
         EXPECT_EQ(rsvp_valid_explicit_route_subobject(h.data()), valid);
     }
     EXPECT_EQ(rsvp_valid_explicit_route_subobject(nullptr), 0);
-}
 
-// Every Length from 4 up validates: a last subobject that runs past the object end is
-// accepted, and the Length need not be a multiple of 4 (the dispatcher still wants one).
-TEST(ExplicitRoute, OverrunningLastSubobjectIsAccepted) {
     const Bytes full = hex(kRoute);
     for (uint16_t len = 0; len <= full.size(); ++len) {
         SCOPED_TRACE(len);
@@ -92,31 +80,29 @@ TEST(ExplicitRoute, OverrunningLastSubobjectIsAccepted) {
     }
     EXPECT_EQ(rsvp_valid_explicit_route(nullptr), 0);
     for (size_t at : {2, 3, 4}) {  // class 21, C-Type 2, first hop of type 2 and length 8
-        Bytes b = hex(kRoute);
+        Bytes b = full;
         ++b[at];
         EXPECT_EQ(rsvp_valid_explicit_route(b.data()), 0) << at;
     }
 }
 
+// Values read back from every kind of hop, loose and strict, are checked end to end
+// (test_routes_e2e); here, the walk's ends, refusals and the raw-byte counts.
 TEST(ExplicitRoute, WalkCountAndExtract) {
     Bytes b = hex(kRoute);
-    uint8_t *first = rsvp_extract_ero_next_subobject(b.data(), nullptr);
-    uint8_t *second = rsvp_extract_ero_next_subobject(b.data(), first);
-    uint8_t *third = rsvp_extract_ero_next_subobject(b.data(), second);
-    EXPECT_EQ(third - b.data(), 24);
-    EXPECT_EQ(rsvp_extract_ero_next_subobject(b.data(), third), nullptr);
+    std::vector<uint8_t *> subs;
+    for (uint8_t *s = rsvp_extract_ero_next_subobject(b.data(), nullptr); s;
+         s = rsvp_extract_ero_next_subobject(b.data(), s))
+        subs.push_back(s);
+    ASSERT_EQ(subs, (std::vector<uint8_t *>{b.data() + 4, b.data() + 12, b.data() + 24}));
+    // Each extractor takes its own type only and leaves its outputs alone otherwise.
     uint32_t addr = 1, ifid = 2;
     uint8_t plen = 3;
     uint16_t as = 4;
-    EXPECT_EQ(rsvp_extract_ero_subobject_unnum(second, &addr, &ifid), 1);  // loose as well
-    EXPECT_EQ(addr, ip("1.1.1.1"));
-    EXPECT_EQ(ifid, 7u);
-    // Each extractor takes its own type only and leaves its outputs alone otherwise.
-    EXPECT_EQ(rsvp_extract_ero_subobject_ipv4(second, &addr, &plen), 0);
-    EXPECT_EQ(rsvp_extract_ero_subobject_unnum(third, &addr, &ifid), 0);
-    EXPECT_EQ(rsvp_extract_ero_subobject_as(first, &as), 0);
-    EXPECT_EQ(plen, 3);
-    EXPECT_EQ(as, 4);
+    EXPECT_EQ(rsvp_extract_ero_subobject_ipv4(subs[1], &addr, &plen), 0);
+    EXPECT_EQ(rsvp_extract_ero_subobject_unnum(subs[2], &addr, &ifid), 0);
+    EXPECT_EQ(rsvp_extract_ero_subobject_as(subs[0], &as), 0);
+    EXPECT_EQ(std::tuple(addr, ifid, plen, as), std::tuple(1u, 2u, uint8_t{3}, uint16_t{4}));
 
     // The counts compare the raw type byte: loose hops are not counted.
     EXPECT_EQ(rsvp_count_ero_subobject_ipv4(b.data()), 1u);
@@ -135,37 +121,36 @@ TEST(ExplicitRoute, CompareSubobjects) {
     Bytes shorter_prefix = hex("01 08 0a 00 00 01 18 00");
     Bytes loose = hex("81 08 0a 00 00 01 20 00");
     Bytes unnum = hex("04 0c 00 00 01 01 01 01 00 00 00 07");
-    EXPECT_EQ(rsvp_compare_explicit_route_subobjects(a.data(), a.data()), 0);
-    EXPECT_EQ(rsvp_compare_explicit_route_subobjects(nullptr, nullptr), 0);
-    EXPECT_EQ(rsvp_compare_explicit_route_subobjects(a.data(), nullptr), 1);
-    EXPECT_EQ(rsvp_compare_explicit_route_subobjects(a.data(), a2.data()), 0);
-    EXPECT_GT(rsvp_compare_explicit_route_subobjects(a.data(), shorter_prefix.data()), 0);
-    EXPECT_LT(rsvp_compare_explicit_route_subobjects(a.data(), loose.data()), 0);
-    EXPECT_EQ(rsvp_compare_explicit_route_subobjects(unnum.data(), a.data()), 1);
+    const auto cmp = rsvp_compare_explicit_route_subobjects;
+    EXPECT_EQ(cmp(a.data(), a.data()), 0);
+    EXPECT_EQ(cmp(nullptr, nullptr), 0);  // the same pointer twice comes first
+    EXPECT_EQ(cmp(a.data(), nullptr), 1);
+    EXPECT_EQ(cmp(nullptr, a.data()), 1);
+    EXPECT_EQ(cmp(a.data(), a2.data()), 0);
+    EXPECT_GT(cmp(a.data(), shorter_prefix.data()), 0);
+    EXPECT_LT(cmp(a.data(), loose.data()), 0);  // the L bit takes part
+    EXPECT_EQ(cmp(a.data(), unnum.data()), 1);  // lengths differ: 1, whatever the bytes say
 }
 
 TEST(ExplicitRoute, Accessors) {
     Bytes b = hex(kRoute);
-    EXPECT_EQ(RSVP_ERO_GENERIC_TYPE(b.data() + 12), 0x84);  // raw, L bit included
-    EXPECT_EQ(RSVP_ERO_GENERIC_LENGTH(b.data() + 12), 12);
+    uint8_t *ipv4 = b.data() + 4, *unnum = b.data() + 12;
+    EXPECT_EQ(RSVP_ERO_GENERIC_TYPE(unnum), 0x84);  // raw, L bit included
+    EXPECT_EQ(RSVP_ERO_GENERIC_LENGTH(unnum), 12);
+    RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX(ipv4, ip("9.9.9.9"));
+    RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX_LEN(ipv4, 8);
+    // The setters check validity, not the type: on the unnumbered hop they write byte 6 too.
+    RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX_LEN(unnum, 0x55);
+    EXPECT_EQ(to_hex(ipv4, 16), "01 08 09 09 09 09 08 00 84 0c 00 00 01 01 55 01");
     Bytes bad = hex("03 08 0a 00 00 01 20 00");
-    const Bytes bad_before = bad;
-    EXPECT_EQ(RSVP_ERO_GENERIC_TYPE(bad.data()), 0);
-    EXPECT_EQ(RSVP_ERO_GENERIC_LENGTH(bad.data()), 0);
+    EXPECT_EQ(RSVP_ERO_GENERIC_TYPE(bad.data()) + RSVP_ERO_GENERIC_LENGTH(bad.data()), 0);
     RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX(bad.data(), ip("9.9.9.9"));
     RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX_LEN(bad.data(), 8);
-    EXPECT_EQ(bad, bad_before);
-    RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX(b.data() + 4, ip("9.9.9.9"));
-    RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX_LEN(b.data() + 4, 8);
-    EXPECT_EQ(to_hex(b.data() + 4, 8), "01 08 09 09 09 09 08 00");
-    // The setters check validity, not the type: on the unnumbered hop they write byte 6 too.
-    RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX_LEN(b.data() + 12, 0x55);
-    EXPECT_EQ(b[18], 0x55);
+    EXPECT_EQ(to_hex(bad), "03 08 0a 00 00 01 20 00");
 
     // The first-subobject accessor asks the dispatcher, which wants a multiple of 4.
-    EXPECT_EQ(RSVP_ERO_FIRST_SUBOBJ(b.data()), b.data() + 4);
+    EXPECT_EQ(RSVP_ERO_FIRST_SUBOBJ(b.data()), ipv4);
     EXPECT_EQ(RSVP_ERO_FIRST_SUBOBJ(nullptr), nullptr);
-    RSVP_SET_OBJECT_LENGTH(b.data(), 27);
-    EXPECT_EQ(rsvp_valid_explicit_route(b.data()), 1);
+    RSVP_SET_OBJECT_LENGTH(b.data(), 27);  // a valid route (see Validation)
     EXPECT_EQ(RSVP_ERO_FIRST_SUBOBJ(b.data()), nullptr);
 }

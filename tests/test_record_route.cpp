@@ -16,9 +16,6 @@ namespace {
 constexpr const char kSample[] =
     "00 2c 15 01  01 08 0a 00 00 01 20 01  03 08 01 02 00 00 00 10"
     "04 0c 03 00 0a 00 00 05 00 00 00 07  22 0c 00 00 00 00 00 64 00 00 00 c8";
-Bytes sample_rro() {
-    return hex(kSample);
-}
 
 const uint32_t kLabels[63] = {0x12345, 7};
 
@@ -96,7 +93,7 @@ TEST(RecordRoute, SubobjectValidationAndAccessors) {
 // Cut at every length: only the bare header and the subobject ends validate. Unlike
 // EXPLICIT_ROUTE, a last subobject that reaches past the end is invalid.
 TEST(RecordRoute, ObjectValidationLengthSweep) {
-    const Bytes full = sample_rro();
+    const Bytes full = hex(kSample);
     for (size_t n = 0; n <= full.size(); ++n) {
         SCOPED_TRACE(n);
         Bytes cut(full.begin(), full.begin() + std::max<size_t>(n, 4));
@@ -106,17 +103,17 @@ TEST(RecordRoute, ObjectValidationLengthSweep) {
         EXPECT_EQ(rsvp_valid_record_route(h.data()), ends ? 1 : 0);
         EXPECT_EQ(rsvp_valid_object(h.data()), ends ? 1u : 0u);
     }
-    Bytes other = full;
-    other[2] = RSVP_CLASS_EXPLICIT_ROUTE;
-    EXPECT_EQ(rsvp_valid_record_route(other.data()), 0);
-    other = full;
-    other[3] = 2;
-    EXPECT_EQ(rsvp_valid_record_route(other.data()), 0);
+    for (size_t at : {2, 3}) {  // class 22, C-Type 2
+        Bytes other = full;
+        ++other[at];
+        EXPECT_EQ(rsvp_valid_record_route(other.data()), 0) << at;
+    }
     EXPECT_EQ(rsvp_valid_record_route(nullptr), 0);
 }
 
+// Values read back from every kind of subobject are checked end to end (test_routes_e2e).
 TEST(RecordRoute, WalkerAndExtractorsRefuseBadInputAndLeaveOutputs) {
-    HeapBytes o = heap_copy(sample_rro());
+    HeapBytes o = heap_copy(hex(kSample));
     uint8_t *ipv4 = o.data() + 4, *label = o.data() + 12, *unnum = o.data() + 20;
     EXPECT_EQ(rsvp_extract_rro_next_subobject(o.data(), ipv4), label);
     EXPECT_EQ(rsvp_extract_rro_next_subobject(o.data(), o.data() + 32), nullptr);  // end
@@ -127,9 +124,13 @@ TEST(RecordRoute, WalkerAndExtractorsRefuseBadInputAndLeaveOutputs) {
     EXPECT_EQ(rsvp_extract_rro_subobject_unnum(ipv4, &a, &b, &c), 0);
     EXPECT_EQ(rsvp_extract_rro_subobject_srlg(label, &a, &c), 0);
     EXPECT_EQ(rsvp_extract_rro_subobject_label(label, &none, &c, &d, &d), 0);
+    EXPECT_EQ(rsvp_extract_rro_subobject_label_count(label), 1);
+    EXPECT_EQ(rsvp_extract_rro_subobject_srlg_count(o.data() + 32), 2);
     EXPECT_EQ(rsvp_extract_rro_subobject_label_count(unnum), 0);
     EXPECT_EQ(rsvp_extract_rro_subobject_srlg_count(label), 0);
     Bytes bad = hex("01 0c 0a 00 00 01 20 01 00 00 00 00");  // IPv4 of length 12
+    EXPECT_EQ(rsvp_extract_rro_subobject_ipv4(bad.data(), &a, &c, &d), 0);
+    bad = hex("81 08 0a 00 00 01 20 01");  // no L bit: a valid subobject of type 0x81
     EXPECT_EQ(rsvp_extract_rro_subobject_ipv4(bad.data(), &a, &c, &d), 0);
     EXPECT_EQ(std::tie(a, b, c, d), std::make_tuple(1u, 2u, uint8_t{3}, uint8_t{4}));
     o.data()[3] = 7;
@@ -162,52 +163,7 @@ TEST(RecordRoute, FlagSearch) {
         EXPECT_EQ(rsvp_rro_check_unnum_flags(h.data(), r.mask), r.unnum);
     }
     EXPECT_EQ(rsvp_rro_check_ipv4_flags(nullptr, 0) + rsvp_rro_check_unnum_flags(nullptr, 0), 0);
-    Bytes other = sample_rro();
+    Bytes other = hex(kSample);
     other[2] = 99;  // not validated: the class does not matter
     EXPECT_EQ(rsvp_rro_check_ipv4_flags(other.data(), 0x01), 1);
-}
-
-// Three transit nodes record themselves as a Resv travels upstream: each inserts its SRLGs,
-// its label, then its address, so that the address leads its own hop.
-TEST(RecordRoute, GrownHopByHopAndReadBackInOrder) {
-    Bytes b(128, 0);
-    uint8_t *o = b.data();
-    rsvp_build_record_route(o);
-    const uint32_t srlg_a[] = {100, 200}, srlg_b = 300, label[] = {16, 17, 18};
-    rsvp_insert_record_route_srlg(o, srlg_a, 2);
-    rsvp_insert_record_route_label(o, &label[0], 1, 2, RSVP_RRO_LABEL_FLAG_GLOBAL);
-    rsvp_insert_record_route_ipv4(o, ip("10.0.0.9"), 0);
-    rsvp_insert_record_route_srlg(o, &srlg_b, 1);
-    rsvp_insert_record_route_label(o, &label[1], 1, 2, 0);
-    rsvp_insert_record_route_unnum(o, ip("10.0.0.5"), 7, RSVP_RRO_FLAG_LOCAL_PROT_IN_USE);
-    rsvp_insert_record_route_srlg(o, nullptr, 0);
-    rsvp_insert_record_route_label(o, &label[2], 1, 2, 0);
-    rsvp_insert_record_route_ipv4(o, ip("10.0.0.1"), RSVP_RRO_FLAG_NODE_PROT | 1);
-    ASSERT_EQ(RSVP_OBJECT_LENGTH(o), 80);
-    HeapBytes h = heap_copy(Bytes(b.begin(), b.begin() + 80));
-    ASSERT_EQ(rsvp_valid_object(h.data()), 1u);
-
-    std::string seen;
-    for (uint8_t *s = rsvp_extract_rro_next_subobject(h.data(), nullptr); s;
-         s = rsvp_extract_rro_next_subobject(h.data(), s)) {
-        uint32_t a, v[RSVP_RRO_MAX_VALUES] = {}, *vp = v;
-        uint8_t n, f, t;
-        auto addr = [&a] { return to_hex(reinterpret_cast<const uint8_t *>(&a), 4); };
-        char buf[64] = "?";
-        if (rsvp_extract_rro_subobject_ipv4(s, &a, &n, &f))
-            std::snprintf(buf, sizeof buf, "ipv4 %s/%u f%u;", addr().c_str(), n, f);
-        else if (rsvp_extract_rro_subobject_unnum(s, &a, v, &f))
-            std::snprintf(buf, sizeof buf, "unnum %s %u f%u;", addr().c_str(), v[0], f);
-        else if (rsvp_extract_rro_subobject_label(s, &vp, &n, &f, &t))
-            std::snprintf(buf, sizeof buf, "label %u:%u f%u t%u;", n, v[0], f, t);
-        else if (rsvp_extract_rro_subobject_srlg(s, v, &n))
-            std::snprintf(buf, sizeof buf, "srlg %u:%u,%u;", n, v[0], v[1]);
-        seen += buf;
-    }
-    EXPECT_EQ(seen,
-              "ipv4 0a 00 00 01/32 f9;label 1:18 f0 t2;srlg 0:0,0;"
-              "unnum 0a 00 00 05 7 f2;label 1:17 f0 t2;srlg 1:300,0;"
-              "ipv4 0a 00 00 09/32 f0;label 1:16 f1 t2;srlg 2:100,200;");
-    EXPECT_EQ(rsvp_count_rro_subobject_ipv4(h.data()), 2u);
-    EXPECT_EQ(rsvp_count_rro_subobject_unnum(h.data()), 1u);
 }

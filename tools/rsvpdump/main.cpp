@@ -91,12 +91,16 @@ bool dump_message(const Source &src, std::vector<uint8_t> &msg) {
                RSVP_MSG_HDR_LEN);
         return false;
     }
-    uint8_t *m = msg.data();
-    const uint16_t length = RSVP_MESSAGE_LENGTH(m);
+    const uint16_t length = RSVP_MESSAGE_LENGTH(msg.data());
     if (length != msg.size()) {
         report(src, "length field says %u bytes but the line holds %zu", length, msg.size());
         return false;
     }
+    // A few validators deliberately read behind the object they check (the SENDER_TSPEC word
+    // count may claim up to four times the body; the IF_ID hop walk looks at the header at
+    // the object's end), so the message gets zeroed room behind it.
+    msg.resize(msg.size() * 4 + 16, 0);
+    uint8_t *m = msg.data();
     std::printf("%s:%u: message type %u version %u flags 0x%x ttl %u length %u\n", src.name.c_str(),
                 src.line, RSVP_MESSAGE_TYPE(m), RSVP_MESSAGE_VERSION(m), RSVP_MESSAGE_FLAGS(m),
                 RSVP_MESSAGE_SENDING_TTL(m), length);
