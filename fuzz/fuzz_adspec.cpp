@@ -10,13 +10,32 @@ using namespace rsvp_fuzz;
 
 // Bytes a Guaranteed fragment needs before its four error terms can be read.
 constexpr unsigned kGtdFragLen = 36;
+// The extractors find a fragment header at 80 at most, whatever the object's length (and the
+// setters below write into it).
+constexpr size_t kExtractReach = 84;
+// has_qos_service reads the two word counts (bytes 6-7, 10-11), then walks from 44; since its
+// position plus four times its remaining count stays put, it reads below 44 + 4 * (overall -
+// general length) only.
+constexpr size_t kQosHdrReach = 12;
+constexpr size_t kQosWalkStart = 44;
 
-void exercise_fragment(uint8_t *frag, const Object &o, bool gtd) {
+// A copy of the object with zeroed room behind it for the deliberate reads past its end.
+Scratch roomy_copy(const Object &o) {
+    Scratch hdr = scratch_copy(o, kQosHdrReach);
+    const uint8_t *h = hdr.data();
+    const int16_t remaining = static_cast<int16_t>(((h[6] << 8) | h[7]) - ((h[10] << 8) | h[11]));
+    size_t reach = kExtractReach > kQosHdrReach ? kExtractReach : kQosHdrReach;
+    if (remaining > 0 && kQosWalkStart + 4u * static_cast<size_t>(remaining) > reach)
+        reach = kQosWalkStart + 4u * static_cast<size_t>(remaining);
+    return scratch_copy(o, reach > o.length ? reach - o.length : 0);
+}
+
+void exercise_fragment(uint8_t *frag, uint8_t *obj, const Object &o, bool gtd) {
     keep(RSVP_ADSPEC_FRAG_HDR_SERVICE_ID(frag) + RSVP_ADSPEC_FRAG_HDR_BREAK_BIT(frag) +
          RSVP_ADSPEC_FRAG_HDR_SERVICE_LENGTH(frag));
     keep(RSVP_ADSPEC_FRAG_HDR_FIRST_OBJECT(frag));
     keep(gtd ? RSVP_GTD_FRAG_HDR_PTR(frag) : RSVP_CLOAD_FRAG_HDR_PTR(frag));
-    if (gtd && frag + kGtdFragLen <= o.obj + o.length)
+    if (gtd && frag + kGtdFragLen <= obj + o.length)
         keep(RSVP_INTSRV_INTEGER_OBJECT_VALUE(RSVP_GTD_CTOT_PTR(frag)) +
              RSVP_INTSRV_INTEGER_OBJECT_VALUE(RSVP_GTD_DTOT_PTR(frag)) +
              RSVP_INTSRV_INTEGER_OBJECT_VALUE(RSVP_GTD_CSUM_PTR(frag)) +
@@ -30,14 +49,16 @@ void exercise_valid(const Object &o) {
          RSVP_ADSPEC_LATENCY_VAL(a));
     keep(RSVP_ADSPEC_HDR_GENERAL_FRAG_HDR(a));
     keep(RSVP_ADSPEC_HDR_GENERAL_FRAGMENTS_PTR(a, 0));
+    Scratch r = roomy_copy(o);
     uint8_t *gtd = nullptr, *cl = nullptr;
-    if (rsvp_adspec_extract_gtd_frag(a, &gtd)) exercise_fragment(gtd, o, true);
-    if (rsvp_adspec_extract_cl_frag(a, &cl)) exercise_fragment(cl, o, false);
+    if (rsvp_adspec_extract_gtd_frag(r.data(), &gtd)) exercise_fragment(gtd, r.data(), o, true);
+    if (rsvp_adspec_extract_cl_frag(r.data(), &cl)) exercise_fragment(cl, r.data(), o, false);
 
     Scratch s = scratch_copy(o);
     RSVP_ADSPEC_HDR_SET_LENGTH(s.data(), static_cast<uint16_t>(RSVP_ADSPEC_HDR_LENGTH(a) + 1));
     keep(rsvp_valid_adspec(s.data()));
-    Scratch f = scratch_copy(o);
+    // The same word counts as the original, so the same room covers the walk.
+    Scratch f = roomy_copy(o);
     uint8_t *frag = nullptr;
     if (rsvp_adspec_extract_gtd_frag(f.data(), &frag) ||
         rsvp_adspec_extract_cl_frag(f.data(), &frag)) {
@@ -55,11 +76,12 @@ void exercise(std::span<const Object> objects) {
                  RSVP_SBM_LAN_LOOPBACK_IPV4_ADDR(o.obj));
         if (o.class_num != RSVP_CLASS_ADSPEC) continue;
         keep(rsvp_valid_adspec(o.obj));
+        Scratch r = roomy_copy(o);
         for (uint8_t code : {RSVP_QOS_GUARANTEED, RSVP_QOS_CONTROLLED_LOAD, RSVP_QOS_QUALITATIVE})
-            keep(rsvp_adspec_has_qos_service(o.obj, code));
+            keep(rsvp_adspec_has_qos_service(r.data(), code));
         uint8_t *untouched = nullptr;
-        keep(rsvp_adspec_extract_gtd_frag(o.obj, &untouched) +
-             rsvp_adspec_extract_cl_frag(o.obj, &untouched));
+        keep(rsvp_adspec_extract_gtd_frag(r.data(), &untouched) +
+             rsvp_adspec_extract_cl_frag(r.data(), &untouched));
         if (o.verdict == RSVP_OBJECT_VALID) exercise_valid(o);
     }
 }

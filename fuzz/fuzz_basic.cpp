@@ -1,6 +1,6 @@
 // TIME_VALUES, RESV_CONFIRM, SCOPE, STYLE, POLICY_DATA: getters and extractors on every valid
-// object of their classes (the getters, which guard by the Length, on valid objects of any
-// class), setters and the scope add on scratch copies.
+// object of their classes (the getters also on valid objects of any class, with the slack
+// their fixed offsets reach behind a short one), setters and the scope add on scratch copies.
 #include "fuzz_registry.hpp"
 #include "rsvp_object_lib.h"
 
@@ -60,8 +60,10 @@ void exercise(std::span<const Object> objects) {
                 break;
         }
         if (o.verdict != RSVP_OBJECT_VALID) continue;
-        keep(RSVP_REFRESH_TIME(o.obj) + RSVP_CONFIRM_ADDR(o.obj) +
-             RSVP_STYLE_RESERVATION_TYPE(o.obj));
+        Scratch s = scratch_copy(o, RSVP_STYLE_LEN);
+        keep(RSVP_REFRESH_TIME(s.data()) + RSVP_CONFIRM_ADDR(s.data()) +
+             RSVP_STYLE_RESERVATION_TYPE(s.data()));
+        RSVP_STYLE_SET_RESERVATION_TYPE(s.data(), RSVP_STYLE_WF);
     }
 }
 

@@ -10,42 +10,23 @@
 
 namespace rsvp_test {
 
-// r 1250000, b 10000, p 2500000, m 64, M 1500 in each.
+// Token bucket r 1250000, b 10000, p 2500000 (floats), m 64, M 1500 in each.
 inline const char *kTspecHex =
-    "00 24 0c 02"   // length 36, class 12, C-Type 2
-    "00 00 00 07"   // version 0, overall length 7 words
-    "01 00 00 06"   // service 1 (general), reserved, 6 words
-    "7f 00 00 05"   // parameter 127 (token bucket), flags 0, 5 words
-    "49 98 96 80"   // r 1250000.0
-    "46 1c 40 00"   // b 10000.0
-    "4a 18 96 80"   // p 2500000.0
-    "00 00 00 40"   // m 64
-    "00 00 05 dc";  // M 1500
-
+    "00 24 0c 02  00 00 00 07"               // length 36, class 12, C-Type 2; version 0, 7 words
+    "01 00 00 06  7f 00 00 05"               // service 1, 6 words; parameter 127, flags 0, 5 words
+    "49 98 96 80  46 1c 40 00  4a 18 96 80"  // r, b, p
+    "00 00 00 40  00 00 05 dc";              // m, M
 inline const char *kGtdHex =
-    "00 30 09 02"   // length 48, class 9, C-Type 2
-    "00 00 00 0a"   // version 0, overall length 10 words
-    "02 00 00 09"   // service 2 (Guaranteed), reserved, 9 words
-    "7f 00 00 05"   // parameter 127 (token bucket), flags 0, 5 words
-    "49 98 96 80"   // r 1250000.0
-    "46 1c 40 00"   // b 10000.0
-    "4a 18 96 80"   // p 2500000.0
-    "00 00 00 40"   // m 64
-    "00 00 05 dc"   // M 1500
-    "82 00 00 02"   // parameter 130 (Guaranteed RSpec), flags 0, 2 words
-    "49 f4 24 00"   // R 2000000.0
-    "00 00 00 64";  // S 100 microseconds
-
+    "00 30 09 02  00 00 00 0a"                // length 48, class 9, C-Type 2; version 0, 10 words
+    "02 00 00 09  7f 00 00 05"                // service 2 (Guaranteed), 9 words; parameter 127
+    "49 98 96 80  46 1c 40 00  4a 18 96 80"   // r, b, p
+    "00 00 00 40  00 00 05 dc"                // m, M
+    "82 00 00 02  49 f4 24 00  00 00 00 64";  // parameter 130 (RSpec), 2 words; R 2000000; S 100
 inline const char *kClHex =
-    "00 24 09 02"   // length 36, class 9, C-Type 2
-    "00 00 00 07"   // version 0, overall length 7 words
-    "05 00 00 06"   // service 5 (Controlled-Load), reserved, 6 words
-    "7f 00 00 05"   // parameter 127, flags 0, 5 words
-    "49 98 96 80"   // r 1250000.0
-    "46 1c 40 00"   // b 10000.0
-    "4a 18 96 80"   // p 2500000.0
-    "00 00 00 40"   // m 64
-    "00 00 05 dc";  // M 1500
+    "00 24 09 02  00 00 00 07"               // length 36, class 9, C-Type 2; version 0, 7 words
+    "05 00 00 06  7f 00 00 05"               // service 5 (Controlled-Load), 6 words; parameter 127
+    "49 98 96 80  46 1c 40 00  4a 18 96 80"  // r, b, p
+    "00 00 00 40  00 00 05 dc";              // m, M
 
 // A qualitative fragment: service 6, 2 words, parameter 128 of 1 word, M 1500.
 inline const char *kQualFragHex = "06 00 00 02  80 00 00 01  00 00 05 dc";

@@ -1,5 +1,5 @@
 // FLOWSPEC C-Type 2: Guaranteed, Controlled-Load and qualitative requests, the getters, the
-// orderings by average rate and the generic FLOWSPEC validator.
+// orderings by average rate, and the generic FLOWSPEC and SENDER_TSPEC validators.
 #include <gtest/gtest.h>
 
 #include "intserv_fixtures.hpp"
@@ -24,14 +24,9 @@ TEST(Flowspec, BuildWritesBothLayouts) {
     }
 }
 
+// The Controlled-Load rows check what its layout does not share with the Guaranteed one.
 TEST(Flowspec, ValidatorChecksEachField) {
-    struct Row {
-        const char *base;
-        size_t offset;
-        const char *patch;
-        int verdict;
-    } rows[] = {
-        {kGtdHex, 0, "00 30", 1},                     // as built
+    const std::tuple<const char *, size_t, const char *, int> rows[] = {
         {kGtdHex, 2, "0c", 0},                        // class 12
         {kGtdHex, 0, "00 34", 0},                     // length 52
         {kGtdHex, 4, "10", 0},                        // version 1
@@ -48,34 +43,31 @@ TEST(Flowspec, ValidatorChecksEachField) {
         {kGtdHex, 16, "7f 80 00 00", 0},              // r infinite
         {kGtdHex, 20, "7f 80 00 00", 0},              // b infinite
         {kGtdHex, 24, "7f 80 00 00", 1},              // p infinite
-        {kGtdHex, 24, "49 98 96 70", 0},              // p below r
+        {kGtdHex, 24, "49 98 96 78", 0},              // p 1249999, one below r
         {kGtdHex, 40, "49 98 96 80", 1},              // R = r
+        {kGtdHex, 40, "49 98 96 78", 0},              // R 1249999, one below r
         {kGtdHex, 40, "7f 80 00 00", 0},              // R infinite
         {kGtdHex, 28, "ff ff ff ff 00 00 00 00", 1},  // m above M, S 0: not examined
-        {kClHex, 0, "00 24", 1},                      // as built
+        {kGtdHex, 8, "03", 0},                        // service 3
         {kClHex, 0, "00 30", 0},                      // length 48
         {kClHex, 6, "00 0a", 0},                      // overall length 10
         {kClHex, 10, "00 09", 0},                     // service data length 9
-        {kClHex, 16, "7f 80 00 00", 0},               // r infinite
-        {kClHex, 24, "7f 80 00 00", 1},               // p infinite
         {kClHex, 24, "00 00 00 00", 0},               // p below r
         {kClHex, 28, "ff ff ff ff", 1},               // m above M: not examined
         {kClHex, 8, "01", 0},                         // service 1
-        {kGtdHex, 8, "03", 0},                        // service 3
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(testing::Message() << row.base << " @" << row.offset << ": " << row.patch);
-        Bytes b = patched(row.base, row.offset, row.patch);
+    for (const auto &[base, offset, patch, verdict] : rows) {
+        SCOPED_TRACE(testing::Message() << base << " @" << offset << ": " << patch);
+        Bytes b = patched(base, offset, patch);
         b.resize(b[1], 0);  // the buffer follows a patched length
-        EXPECT_EQ(rsvp_valid_flowspec(heap_copy(b).data()), row.verdict);
+        EXPECT_EQ(rsvp_valid_flowspec(heap_copy(b).data()), verdict);
     }
-    // R one unit below r after conversion (r 1000000, R 999999), then equal to it.
-    Bytes low = patched(kGtdHex, 16, "49 74 24 00");
-    std::copy_n(hex("49 74 23 f0").begin(), 4, low.begin() + 40);
-    EXPECT_EQ(rsvp_valid_flowspec(low.data()), 0);
-    std::copy_n(hex("49 74 23 f0").begin(), 4, low.begin() + 16);
-    EXPECT_EQ(rsvp_valid_flowspec(low.data()), 1);
     EXPECT_EQ(rsvp_valid_flowspec(nullptr), 0);
+    // The service number is read even behind a shorter object: qualitative validates.
+    HeapBytes short_qual = heap_copy(hex("00 08 09 02  00 00 00 00  06"));
+    EXPECT_EQ(rsvp_valid_flowspec(short_qual.data()), 1);
+    short_qual.data()[8] = RSVP_INTSRV_SERVICE_GUARANTEED;
+    EXPECT_EQ(rsvp_valid_flowspec(short_qual.data()), 0);
 }
 
 // The rate comparisons are unsigned 64-bit: a negative converted value ranks above every
@@ -96,43 +88,32 @@ TEST(Flowspec, NegativeValuesCompareAboveAllPositiveOnes) {
     EXPECT_EQ(rsvp_compare_tspec_with_flowspec(nullptr, pos.data()), -1);  // no rate: 0
 }
 
-TEST(Flowspec, ExtractThroughTheGetters) {
-    const std::pair<const char *, FlowFields> rows[] = {
-        {kGtdHex, {3, 10000, 1250000, 2500000, 64, 1500, 2000000, 100}},
+// Every getter, and the extractor: the same fields where the flowspec validates, its outputs
+// untouched where it does not.
+TEST(Flowspec, GettersAndExtractor) {
+    const std::tuple<Bytes, FlowFields, int> rows[] = {
+        {hex(kGtdHex), {3, 10000, 1250000, 2500000, 64, 1500, 2000000, 100}, 1},
         // Without an RSpec, r stands for the requested rate and S is 0.
-        {kClHex, {5, 10000, 1250000, 2500000, 64, 1500, 1250000, 0}},
+        {hex(kClHex), {5, 10000, 1250000, 2500000, 64, 1500, 1250000, 0}, 1},
         // Service 6 validates whatever follows its number; nothing else is reported.
-        {"00 0c 09 02  ff ff ff ff  06 ff ff ff", {6, 0, 0, 0, 65535, 0, 0, 0}},
+        {hex("00 0c 09 02  ff ff ff ff  06 ff ff ff"), {6, 0, 0, 0, 65535, 0, 0, 0}, 1},
+        // Service 1 is read by all but the minimum policed unit (65535) and the QoS code.
+        {patched(kClHex, 8, "01"), {0, 10000, 1250000, 2500000, 65535, 1500, 1250000, 0}, 0},
+        // Another C-Type: 0 everywhere, the minimum policed unit included.
+        {patched(kGtdHex, 3, "04"), {0, 0, 0, 0, 0, 0, 0, 0}, 0},
     };
-    for (const auto &[base, want] : rows) {
-        SCOPED_TRACE(base);
-        HeapBytes b = heap_copy(hex(base));
-        FlowFields got{0xee, -7, -7, -7, 7, 7, -7, 7};
-        auto &[qos, burst, rate, peak, m, big_m, req, slack] = got;
-        ASSERT_EQ(
-            rsvp_extract_flowspec(b.data(), &qos, &burst, &rate, &m, &big_m, &peak, &req, &slack),
-            1);
-        EXPECT_EQ(got, want);
+    for (const auto &[obj, want, valid] : rows) {
+        SCOPED_TRACE(to_hex(obj));
+        HeapBytes b = heap_copy(obj);
         EXPECT_EQ(flow_fields(b.data()), want);
+        const FlowFields unset{0xee, -7, -7, -7, 7, 7, -7, 7};
+        FlowFields got = unset;
+        auto &[qos, burst, rate, peak, m, big_m, req, slack] = got;
+        EXPECT_EQ(
+            rsvp_extract_flowspec(b.data(), &qos, &burst, &rate, &m, &big_m, &peak, &req, &slack),
+            valid);
+        EXPECT_EQ(got, valid ? want : unset);
     }
-    FlowFields untouched{0xee, -7, -7, -7, 7, 7, -7, 7}, before = untouched;
-    auto &[qos, burst, rate, peak, m, big_m, req, slack] = untouched;
-    Bytes bad = patched(kGtdHex, 40, "7f 80 00 00");
-    EXPECT_EQ(
-        rsvp_extract_flowspec(bad.data(), &qos, &burst, &rate, &m, &big_m, &peak, &req, &slack), 0);
-    EXPECT_EQ(untouched, before);
-    // The service number itself must lie inside the object.
-    EXPECT_EQ(rsvp_valid_flowspec(heap_copy(hex("00 08 09 02 00 00 00 00")).data()), 0);
-}
-
-TEST(Flowspec, GettersByServiceAndCType) {
-    // Service 1 is read by all but the minimum policed unit (65535) and the QoS code.
-    Bytes one = patched(kClHex, 8, "01");
-    EXPECT_EQ(flow_fields(one.data()),
-              FlowFields(0, 10000, 1250000, 2500000, 65535, 1500, 1250000, 0));
-    // Another C-Type: 0 everywhere, the minimum policed unit included.
-    Bytes ctype4 = patched(kGtdHex, 3, "04");
-    EXPECT_EQ(flow_fields(ctype4.data()), FlowFields(0, 0, 0, 0, 0, 0, 0, 0));
     // A null object: 0, but 65535 for the minimum policed unit.
     EXPECT_EQ(flow_fields(nullptr), FlowFields(0, 0, 0, 0, 65535, 0, 0, 0));
 }
@@ -141,9 +122,9 @@ TEST(Flowspec, Accessors) {
     Bytes b = hex(kGtdHex);
     uint8_t *frag = RSVP_FLOWSPEC_FRAGMENTS_PTR(b.data(), 0);
     ASSERT_EQ(frag, b.data() + 8);
-    EXPECT_EQ(RSVP_FLOWSPEC_HEADER_LENGTH(b.data()), 10);
-    EXPECT_EQ(RSVP_GTD_BUCKET_PTR(frag), frag);
-    EXPECT_EQ(RSVP_CLOAD_BUCKET_PTR(frag), frag);
+    EXPECT_EQ(std::tuple(RSVP_FLOWSPEC_HEADER_LENGTH(b.data()), RSVP_GTD_BUCKET_PTR(frag),
+                         RSVP_CLOAD_BUCKET_PTR(frag)),
+              std::tuple(10, frag, frag));
     EXPECT_EQ(std::tuple(RSVP_FLOWSPEC_RSPEC_PARAM_ID(frag), RSVP_FLOWSPEC_RSPEC_FLAGS(frag),
                          RSVP_FLOWSPEC_RSPEC_PARAM_LEN(frag), RSVP_FLOWSPEC_RSPEC_REQ_RATE(frag),
                          RSVP_FLOWSPEC_RSPEC_SLACK(frag)),
@@ -154,24 +135,33 @@ TEST(Flowspec, Accessors) {
     EXPECT_EQ(RSVP_FLOWSPEC_RSPEC_REQ_RATE(nullptr), 0);
 }
 
-TEST(Flowspec, GenericValidatorChoosesByCType) {
-    const std::pair<Bytes, int> rows[] = {
-        {hex(kGtdHex), 1},
-        {hex(kClHex), 1},
-        {object(9, 4, Bytes(12, 0xff)), 1},
-        {object(9, 4, Bytes(8, 0)), 0},
-        {object(9, 5, hex("00 00 00 07 00 01 00 01 4b 80 00 00")), 1},
-        {object(9, 5, Bytes(16, 0)), 0},
-        {object(9, 1, Bytes(12, 0)), 0},
-        {object(12, 2, Bytes(12, 0)), 0},
+// Each generic validator picks the check of the C-Type within its own class; the dispatch
+// table agrees for the objects of that class.
+TEST(Flowspec, GenericValidatorsChooseByCType) {
+    const auto tspec = rsvp_valid_gen_tspec, flowspec = rsvp_valid_gen_flowspec;
+    const std::tuple<int (*)(uint8_t *), Bytes, int> rows[] = {
+        {tspec, hex(kTspecHex), 1},
+        {tspec, object(12, 4, Bytes(12, 0xff)), 1},  // any 16-byte SONET/SDH body
+        {tspec, object(12, 4, Bytes(16, 0)), 0},
+        {tspec, object(12, 5, hex("00 00 00 07 00 01 00 01 4b 80 00 00")), 1},
+        {tspec, object(12, 5, Bytes(16, 0)), 0},
+        {tspec, object(12, 3, Bytes(12, 0)), 0},
+        {tspec, object(9, 4, Bytes(12, 0)), 0},
+        {flowspec, hex(kGtdHex), 1},
+        {flowspec, object(9, 4, Bytes(12, 0xff)), 1},
+        {flowspec, object(9, 4, Bytes(8, 0)), 0},
+        {flowspec, object(9, 5, hex("00 00 00 07 00 01 00 01 4b 80 00 00")), 1},
+        {flowspec, object(9, 5, Bytes(16, 0)), 0},
+        {flowspec, object(9, 1, Bytes(12, 0)), 0},
+        {flowspec, object(12, 2, Bytes(12, 0)), 0},
     };
-    for (const auto &[obj, verdict] : rows) {
+    for (const auto &[valid, obj, verdict] : rows) {
         SCOPED_TRACE(to_hex(obj));
         HeapBytes b = heap_copy(obj);
-        EXPECT_EQ(rsvp_valid_gen_flowspec(b.data()), verdict);
-        if (obj[2] == 9) {
+        EXPECT_EQ(valid(b.data()), verdict);
+        if (obj[2] == (valid == tspec ? 12 : 9)) {
             EXPECT_EQ(rsvp_valid_object(b.data()), unsigned(verdict));
         }
     }
-    EXPECT_EQ(rsvp_valid_gen_flowspec(nullptr), 0);
+    EXPECT_EQ(std::pair(tspec(nullptr), flowspec(nullptr)), std::pair(0, 0));
 }

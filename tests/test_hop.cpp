@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "rsvp_object_lib.h"
 #include "test_util.hpp"
 
@@ -8,11 +10,12 @@ using namespace rsvp_test;
 namespace {
 
 const uint32_t kA = ip("10.0.0.1");
+const char *const kIpv4Tlv = "00 01 00 08 0a 00 00 01 ";
 
-// An IF_ID hop followed by a TLV's worth of zeroes: the TLV walk deliberately reads the
-// header of a candidate that starts at the object end.
-Bytes if_id_hop(const Bytes &tlvs) {
-    return concat({object(3, 3, concat({hex("0a 00 00 09  00 00 00 05"), tlvs})), Bytes(12, 0)});
+// An IF_ID hop followed by `behind`: the TLV walk deliberately reads the header of a
+// candidate that starts at the object end.
+Bytes if_id_hop(const std::string &tlvs, const Bytes &behind = Bytes(12, 0)) {
+    return concat({object(3, 3, hex(("0a 00 00 09 00 00 00 05 " + tlvs).c_str())), behind});
 }
 
 }  // namespace
@@ -23,21 +26,25 @@ TEST(HopIpv4, BuildExtractAndValidate) {
     EXPECT_EQ(to_hex(b), "00 0c 03 01 0a 00 00 01 01 02 03 04");  // hdr, neighbor, LIH
     uint32_t n = 0, lih = 0;
     ASSERT_EQ(rsvp_extract_hop_ipv4(b.data(), &n, &lih), 1);
-    EXPECT_EQ(n == kA && lih == 0x01020304u, true);
-    for (int len = 0; len <= 16; len += 4) {
-        SCOPED_TRACE(len);
-        Bytes o = object(3, 1, hex("0a 00 00 01 00 00 00 05 00 00 00 00"), len);
-        EXPECT_EQ(rsvp_valid_object(o.data()), len == 12 ? 1u : 0u);
-        EXPECT_EQ(rsvp_extract_hop_ipv4(o.data(), &n, &lih), len == 12);
+    EXPECT_EQ(std::tuple(n, lih), std::tuple(kA, 0x01020304u));
+    EXPECT_EQ(rsvp_extract_hop_ipv4(b.data(), nullptr, &n) +
+                  rsvp_extract_hop_ipv4(b.data(), &n, 0) +
+                  rsvp_extract_hop_ipv4(nullptr, &n, &lih) + rsvp_valid_hop(nullptr),
+              0);
+    // C-Type, Length, neighbor, valid (rsvp_valid_object goes through rsvp_valid_hop); an IF_ID
+    // hop below 12 bytes is accepted as it stands.
+    const uint32_t rows[][4] = {{1, 0, kA, 0},  {1, 4, kA, 0}, {1, 8, kA, 0},  {1, 12, kA, 1},
+                                {1, 16, kA, 0}, {1, 12, 0, 0}, {2, 12, kA, 0}, {3, 4, kA, 1}};
+    for (const auto &[ctype, len, neighbor, valid] : rows) {
+        SCOPED_TRACE(testing::Message() << ctype << " length " << len << " neighbor " << neighbor);
+        Bytes o = object(3, ctype, hex("00 00 00 00 00 00 00 05 00 00 00 00"), len);
+        std::memcpy(o.data() + 4, &neighbor, 4);
+        EXPECT_EQ(rsvp_valid_object(o.data()), valid);
+        n = lih = 7;
+        const bool ok = valid && ctype == 1;
+        EXPECT_EQ(rsvp_extract_hop_ipv4(o.data(), &n, &lih), ok);
+        EXPECT_EQ(std::tuple(n, lih), ok ? std::tuple(kA, 5u) : std::tuple(7u, 7u));
     }
-    b[4] = 0, b[7] = 0;  // neighbor 0.0.0.0: invalid, outputs left alone
-    n = lih = 7;
-    EXPECT_EQ(rsvp_extract_hop_ipv4(b.data(), &n, &lih) + rsvp_valid_hop(b.data()), 0);
-    EXPECT_EQ(rsvp_extract_hop_ipv4(nullptr, &n, &lih), 0);
-    EXPECT_EQ(n + lih, 14u);
-    Bytes v3 = object(3, 3, Bytes{}), v2 = object(3, 2, hex("0a 00 00 01 00 00 00 05"));
-    EXPECT_EQ(rsvp_valid_hop(v3.data()), 1);  // IF_ID below 12 bytes: accepted as it stands
-    EXPECT_EQ(rsvp_valid_hop(v2.data()) + rsvp_valid_hop(nullptr), 0);
 }
 
 TEST(Hop, TwinAccessorsActOnlyOnValidObjects) {
@@ -47,7 +54,8 @@ TEST(Hop, TwinAccessorsActOnlyOnValidObjects) {
     RSVP_HOP_IPV4_SET_LIF_HANDLE(b.data(), 0xAABBCCDD);
     EXPECT_EQ(to_hex(b), "00 0c 03 03 01 02 03 04 aa bb cc dd");
     EXPECT_EQ(RSVP_HOP_IPV4_NEIGHBOR(b.data()), ip("1.2.3.4"));
-    EXPECT_EQ(RSVP_HOP_LIF_HANDLE(b.data()), RSVP_HOP_IF_ID_LIF_HANDLE(b.data()));
+    EXPECT_EQ(RSVP_HOP_LIF_HANDLE(b.data()), 0xAABBCCDDu);
+    EXPECT_EQ(RSVP_HOP_IF_ID_LIF_HANDLE(b.data()), 0xAABBCCDDu);
     b[3] = 2;  // now invalid: getters 0, setters silent, except RSVP_HOP_IF_ID_SET_NEIGHBOR
     EXPECT_EQ(RSVP_HOP_NEIGHBOR(b.data()) + RSVP_HOP_IF_ID_NEIGHBOR(b.data()) +
                   RSVP_HOP_IPV4_LIF_HANDLE(b.data()),
@@ -58,27 +66,53 @@ TEST(Hop, TwinAccessorsActOnlyOnValidObjects) {
     EXPECT_EQ(to_hex(b), "00 0c 03 02 01 02 03 04 aa bb cc dd");
     RSVP_HOP_IF_ID_SET_NEIGHBOR(b.data(), kA);
     EXPECT_EQ(to_hex(b), "00 0c 03 02 0a 00 00 01 aa bb cc dd");
-    // A valid 4-byte IF_ID hop holds no neighbor: nothing is read behind it.
-    HeapBytes four = heap_copy(object(3, 3, Bytes{}));
-    EXPECT_EQ(RSVP_HOP_NEIGHBOR(four.data()) + RSVP_HOP_IF_ID_LIF_HANDLE(four.data()), 0u);
+    // Only rsvp_valid_object gates them: on a valid 4-byte IF_ID hop, or a valid object of
+    // another class, they reach the bytes behind the object.
+    for (Bytes o : {concat({object(3, 3, Bytes{}), hex("0a 00 00 02 00 00 00 07")}),
+                    concat({object(14, 1, Bytes{}), hex("0a 00 00 02 00 00 00 07")})}) {
+        SCOPED_TRACE(to_hex(o));
+        EXPECT_EQ(
+            std::tuple(RSVP_HOP_NEIGHBOR(o.data()), RSVP_HOP_IF_ID_NEIGHBOR(o.data()),
+                       RSVP_HOP_IPV4_LIF_HANDLE(o.data()), RSVP_HOP_IF_ID_LIF_HANDLE(o.data())),
+            std::tuple(ip("10.0.0.2"), ip("10.0.0.2"), 7u, 7u));
+        RSVP_HOP_SET_NEIGHBOR(o.data(), kA);
+        RSVP_HOP_IF_ID_SET_LIF_HANDLE(o.data(), 0x0102);
+        EXPECT_EQ(to_hex(o.data() + 4, 8), "0a 00 00 01 00 00 01 02");
+    }
 }
 
-TEST(HopIfId, AddsTlvsOncePerType) {
+// Each type is added once; each lookup takes the first TLV of its type, and
+// rsvp_get_gmpls_hop_if_id_tlv the first of type 1 or 3.
+TEST(HopIfId, AddsTlvsOncePerTypeAndLooksThemUp) {
     Bytes b(64);
     EXPECT_EQ(rsvp_build_hop_if_id(b.data(), kA, 5), b.data());
+    ASSERT_EQ(rsvp_add_index_fwd_intf(b.data(), ip("1.1.1.1"), 4), 1);
     ASSERT_EQ(rsvp_add_index_fwd_rev_intf(b.data(), kA, 7), 1);
-    EXPECT_EQ(to_hex(b.data(), 24),
-              "00 18 03 03 0a 00 00 01 00 00 00 05 "   // header, neighbor, LIH
-              "00 03 00 0c 0a 00 00 01 00 00 00 07");  // type 3, length 12, address, if id
+    EXPECT_EQ(to_hex(b.data(), 36),
+              "00 24 03 03 0a 00 00 01 00 00 00 05 "   // header, neighbor, LIH
+              "00 04 00 0c 01 01 01 01 00 00 00 04 "   // type 4, length 12, address, if id
+              "00 03 00 0c 0a 00 00 01 00 00 00 07");  // type 3
     EXPECT_EQ(rsvp_add_index_fwd_rev_intf(b.data(), kA, 8), 0);
-    EXPECT_EQ(rsvp_add_index_fwd_intf(b.data(), kA, 1), 1);
     EXPECT_EQ(rsvp_add_index_fwd_intf(b.data(), kA, 2), 0);
     EXPECT_EQ(rsvp_add_index_rev_intf(b.data(), kA, 3), 1);
     EXPECT_EQ(rsvp_add_ipv4_intf(b.data(), kA), 1);
     EXPECT_EQ(rsvp_add_ipv4_fwd_intf(b.data(), kA), 0);
     EXPECT_EQ(RSVP_OBJECT_LENGTH(b.data()), 12 + 3 * 12 + 8);
-    EXPECT_EQ(rsvp_valid_object(b.data()), 1u);
     EXPECT_EQ(rsvp_add_ipv4_fwd_intf(nullptr, kA) + rsvp_add_index_rev_intf(nullptr, kA, 1), 0);
+    rsvp_hop_if_id_tlv_info info{9, 9, 9};
+    ASSERT_EQ(rsvp_get_gmpls_hop_if_id_tlv(b.data(), &info), 1);  // type 3 comes before type 1
+    EXPECT_EQ(std::tuple(info.kind, info.address, info.if_id), std::tuple(2u, kA, 7u));
+    uint32_t a = 0, id = 0, a4 = 0;
+    ASSERT_EQ(rsvp_get_gmpls_hop_if_index_tlv(b.data(), &a, &id), 1);  // past the type-4 TLV
+    ASSERT_EQ(rsvp_get_hop_if_id_ipv4_tlv(b.data(), &a4), 1);
+    EXPECT_EQ(std::tuple(a, id, a4), std::tuple(kA, 7u, kA));
+    EXPECT_EQ(rsvp_get_gmpls_hop_if_index_tlv(b.data(), nullptr, &id), 0);
+    uint8_t *tlv = RSVP_HOP_IF_ID_SUBOBJ_PTR(b.data());
+    ASSERT_EQ(tlv, b.data() + 12);
+    EXPECT_EQ(rsvp_extract_comp_index_fwd_rev_intf_subobj(tlv, &a, &id), 1);
+    EXPECT_EQ(std::tuple(a, id), std::tuple(ip("1.1.1.1"), 4u));
+    EXPECT_EQ(rsvp_extract_ipv4_fwd_rev_intf_subobj(tlv, &a), 0);
+    EXPECT_EQ(rsvp_extract_ipv4_fwd_rev_intf_subobj(b.data() + 48, &a), 1);
     // Only rsvp_add_ipv4_intf checks class and C-Type.
     rsvp_build_hop_ipv4(b.data(), kA, 5);
     EXPECT_EQ(rsvp_add_ipv4_intf(b.data(), kA) + rsvp_add_ipv4_intf(nullptr, kA), 0);
@@ -88,45 +122,32 @@ TEST(HopIfId, AddsTlvsOncePerType) {
 
 TEST(HopIfIdDeathTest, AddAssertsThatTlvsEndAtTheObjectLength) {
     // A 12-byte TLV in a 20-byte object overshoots; a 4-byte object starts behind its TLVs;
-    // an invalid TLV cannot be stepped over.
-    for (const Bytes &o : {if_id_hop(hex("00 03 00 0c 0a 00 00 01")), object(3, 3, Bytes{}),
-                           if_id_hop(hex("00 02 00 08 0a 00 00 01"))}) {
-        SCOPED_TRACE(to_hex(o));
-        Bytes b = concat({o, Bytes(16, 0)});
-        EXPECT_DEATH(rsvp_add_ipv4_intf(b.data(), kA), "assertion failed");
-        EXPECT_DEATH(rsvp_add_ipv4_fwd_intf(b.data(), kA), "assertion failed");
-        EXPECT_DEATH(rsvp_add_index_fwd_intf(b.data(), kA, 1), "assertion failed");
-        EXPECT_DEATH(rsvp_add_index_rev_intf(b.data(), kA, 1), "assertion failed");
-        // In the first object the duplicate is found during the walk, before the overshoot.
-        if (b[13] == RSVP_HOP_IF_ID_TLV_INDEX) {
-            EXPECT_EQ(rsvp_add_index_fwd_rev_intf(b.data(), kA, 1), 0);
-        } else {
-            EXPECT_DEATH(rsvp_add_index_fwd_rev_intf(b.data(), kA, 1), "assertion failed");
-        }
-    }
+    // an invalid TLV cannot be stepped over. Each add function meets one of them.
+    Bytes over = if_id_hop("00 03 00 0c 0a 00 00 01"), four = object(3, 3, Bytes(16, 0), 4),
+          bad = if_id_hop("00 02 00 08 0a 00 00 01");
+    EXPECT_DEATH(rsvp_add_ipv4_intf(over.data(), kA), "assertion failed");
+    EXPECT_DEATH(rsvp_add_index_rev_intf(over.data(), kA, 1), "assertion failed");
+    EXPECT_DEATH(rsvp_add_ipv4_fwd_intf(four.data(), kA), "assertion failed");
+    EXPECT_DEATH(rsvp_add_index_fwd_rev_intf(four.data(), kA, 1), "assertion failed");
+    EXPECT_DEATH(rsvp_add_index_fwd_intf(bad.data(), kA, 1), "assertion failed");
+    EXPECT_DEATH(rsvp_add_ipv4_intf(bad.data(), kA), "assertion failed");
+    // The duplicate is found during the walk, before the overshoot.
+    EXPECT_EQ(rsvp_add_index_fwd_rev_intf(over.data(), kA, 1), 0);
 }
 
+// Each known type has one length; IPv6 (type 2) and other types are refused.
 TEST(HopIfId, TlvValidation) {
-    struct Row {
-        const char *tlv;
-        int valid;
-    } rows[] = {{"00 01 00 08 0a 00 00 01", 1},
-                {"00 01 00 0c 0a 00 00 01 00 00 00 01", 0},
-                {"00 02 00 08 0a 00 00 01", 0},  // IPv6 is not accepted here
-                {"00 03 00 0c 0a 00 00 01 00 00 00 01", 1},
-                {"00 04 00 0c 0a 00 00 01 00 00 00 01", 1},
-                {"00 05 00 0c 0a 00 00 01 00 00 00 01", 1},
-                {"00 04 00 08 0a 00 00 01", 0},
-                {"00 01 00 02 00 00 00 00", 0},
-                {"00 06 00 0c 0a 00 00 01 00 00 00 01", 0}};
-    for (const Row &r : rows) {
-        SCOPED_TRACE(r.tlv);
-        HeapBytes t = heap_copy(hex(r.tlv));
-        EXPECT_EQ(rsvp_valid_hop_if_id_subobject(t.data()), r.valid);
-        EXPECT_EQ(RSVP_HOP_SUBOBJ_GENERIC_TYPE(t.data()), r.valid ? t.data()[1] : 0);
-        EXPECT_EQ(RSVP_HOP_SUBOBJ_GENERIC_LENGTH(t.data()), r.valid ? t.data()[3] : 0);
-        Bytes o = if_id_hop(hex(r.tlv));
-        EXPECT_EQ(rsvp_valid_hop_if_id(o.data()), r.valid);
+    const uint8_t rows[][3] = {
+        {1, 8, 1},  {1, 12, 0}, {2, 8, 0}, {3, 12, 1},  // type, length, valid
+        {4, 12, 1}, {5, 12, 1}, {4, 8, 0}, {6, 12, 0}};
+    for (const auto &[type, length, valid] : rows) {
+        SCOPED_TRACE(testing::Message() << "type " << int(type) << " length " << int(length));
+        const Bytes tlv = concat({{0, type, 0, length}, Bytes(length - 4, 0x0A)});
+        HeapBytes t = heap_copy(tlv);
+        EXPECT_EQ(rsvp_valid_hop_if_id_subobject(t.data()), valid);
+        EXPECT_EQ(RSVP_HOP_SUBOBJ_GENERIC_TYPE(t.data()), valid ? type : 0);
+        EXPECT_EQ(RSVP_HOP_SUBOBJ_GENERIC_LENGTH(t.data()), valid ? length : 0);
+        EXPECT_EQ(rsvp_valid_hop_if_id(if_id_hop(to_hex(tlv)).data()), valid);
     }
     EXPECT_EQ(rsvp_valid_hop_if_id_subobject(nullptr), 0);
 }
@@ -134,52 +155,45 @@ TEST(HopIfId, TlvValidation) {
 // The walker examines a candidate that starts exactly at the object end, and so returns a
 // TLV lying behind the object; a last TLV that runs past the end goes undetected.
 TEST(HopIfId, WalkerEndBoundary) {
-    Bytes ipv4 = hex("00 01 00 08 0a 00 00 01");
-    for (size_t tlvs : {0u, 1u}) {
+    for (const char *tlvs : {"", kIpv4Tlv}) {
         SCOPED_TRACE(tlvs);
-        Bytes o = object(3, 3, concat({hex("0a 00 00 09 00 00 00 05"), tlvs ? ipv4 : Bytes{}}));
-        Bytes buf = concat({o, ipv4});
-        uint8_t *end = buf.data() + o.size();
-        uint8_t *prev = tlvs ? rsvp_extract_hop_if_id_next_subobj(buf.data(), nullptr) : nullptr;
+        Bytes buf = if_id_hop(tlvs, hex(kIpv4Tlv));  // a valid TLV right behind the object
+        uint8_t *end = buf.data() + buf.size() - 8;
+        uint8_t *prev = *tlvs ? rsvp_extract_hop_if_id_next_subobj(buf.data(), nullptr) : nullptr;
         EXPECT_EQ(rsvp_extract_hop_if_id_next_subobj(buf.data(), prev), end);
         EXPECT_EQ(rsvp_extract_hop_if_id_next_subobj(buf.data(), end), nullptr);  // 8 past
     }
-    HeapBytes over = heap_copy(if_id_hop(hex("00 03 00 0c")));  // Length 16, TLV claims 12
+    HeapBytes over = heap_copy(if_id_hop("00 03 00 0c"));  // Length 16, the TLV claims 12
     EXPECT_EQ(rsvp_valid_hop_if_id(over.data()), 1);
     EXPECT_EQ(rsvp_extract_hop_if_id_next_subobj(over.data(), nullptr), over.data() + 12);
-    Bytes invalid = if_id_hop(hex("00 02 00 08 0a 00 00 01"));
-    EXPECT_EQ(rsvp_extract_hop_if_id_next_subobj(invalid.data(), nullptr), nullptr);
     EXPECT_EQ(rsvp_extract_hop_if_id_next_subobj(nullptr, nullptr), nullptr);
 }
 
-TEST(HopIfId, LookupsTakeTheFirstTlvOfTheirKind) {
-    Bytes o =
-        if_id_hop(hex("00 04 00 0c 01 01 01 01 00 00 00 04  "  // component fwd
-                      "00 03 00 0c 03 03 03 03 00 00 00 03  "  // index
-                      "00 01 00 08 0a 00 00 01"));             // IPv4
+TEST(HopIfId, LookupKindsAndFailures) {
+    Bytes o = if_id_hop(std::string(kIpv4Tlv) + "00 03 00 0c 03 03 03 03 00 00 00 03");
     rsvp_hop_if_id_tlv_info info{9, 9, 9};
-    ASSERT_EQ(rsvp_get_gmpls_hop_if_id_tlv(o.data(), &info), 1);
-    EXPECT_EQ(info.kind, 2u);  // the type-3 TLV comes before the type-1 TLV
-    EXPECT_EQ(info.address == ip("3.3.3.3") && info.if_id == 3, true);
+    ASSERT_EQ(rsvp_get_gmpls_hop_if_id_tlv(o.data(), &info), 1);  // type 1 comes first
+    EXPECT_EQ(std::tuple(info.kind, info.address, info.if_id), std::tuple(1u, kA, 9u));
+    o = if_id_hop("00 05 00 0c 01 01 01 01 00 00 00 04");  // no type 1 or 3
+    info = {9, 9, 9};
+    EXPECT_EQ(rsvp_get_gmpls_hop_if_id_tlv(o.data(), &info), 0);
+    EXPECT_EQ(std::tuple(info.kind, info.address), std::tuple(0u, 9u));  // kind 0 before search
     uint32_t a = 0, id = 0;
-    ASSERT_EQ(rsvp_get_gmpls_hop_if_index_tlv(o.data(), &a, &id), 1);
-    EXPECT_EQ(a == ip("3.3.3.3") && id == 3, true);
-    ASSERT_EQ(rsvp_get_hop_if_id_ipv4_tlv(o.data(), &a), 1);
-    EXPECT_EQ(a, kA);
-    EXPECT_EQ(rsvp_get_gmpls_hop_if_index_tlv(o.data(), nullptr, &id), 0);
-    uint8_t *tlv = RSVP_HOP_IF_ID_SUBOBJ_PTR(o.data());
-    ASSERT_EQ(tlv, o.data() + 12);
-    EXPECT_EQ(rsvp_extract_comp_index_fwd_rev_intf_subobj(tlv, &a, &id) * id, 4u);
-    EXPECT_EQ(rsvp_extract_ipv4_fwd_rev_intf_subobj(tlv, &a), 0);
-    EXPECT_EQ(rsvp_extract_ipv4_fwd_rev_intf_subobj(o.data() + 36, &a), 1);
-
-    Bytes none = if_id_hop(hex("00 05 00 0c 01 01 01 01 00 00 00 04"));
+    EXPECT_EQ(rsvp_get_gmpls_hop_if_index_tlv(o.data(), &a, &id) +
+                  rsvp_get_hop_if_id_ipv4_tlv(o.data(), &a),
+              0);
+    o[3] = 1;  // invalid: the record stays as it was
     info = {9, 9, 9};
-    EXPECT_EQ(rsvp_get_gmpls_hop_if_id_tlv(none.data(), &info), 0);
-    EXPECT_EQ(info.kind + info.address, 9u);  // kind written 0 before the search
-    none[3] = 1;                              // invalid: the record stays as it was
-    info = {9, 9, 9};
-    EXPECT_EQ(rsvp_get_gmpls_hop_if_id_tlv(none.data(), &info), 0);
+    EXPECT_EQ(rsvp_get_gmpls_hop_if_id_tlv(o.data(), &info), 0);
     EXPECT_EQ(info.kind, 9u);
-    EXPECT_EQ(RSVP_HOP_IF_ID_SUBOBJ_PTR(none.data()), nullptr);
+    EXPECT_EQ(RSVP_HOP_IF_ID_SUBOBJ_PTR(o.data()), nullptr);
+}
+
+// The last TLV is not checked against the object end, not even its header: in a 14-byte
+// object the header of a type-1 TLV straddles the end and the object still validates.
+TEST(HopIfId, LastTlvHeaderStraddlingTheEndIsNotDetected) {
+    HeapBytes b = heap_copy(hex("00 0e 03 03 0a 00 00 01 00 00 00 00 00 01"), 6);
+    const uint8_t behind[] = {0x00, 0x08, 0x0a, 0x00, 0x00, 0x02};
+    std::memcpy(b.data() + 14, behind, sizeof behind);
+    EXPECT_EQ(rsvp_valid_hop_if_id(b.data()), 1);
 }

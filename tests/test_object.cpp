@@ -37,59 +37,46 @@ TEST(ObjectHeader, BuildAndAccessors) {
     RSVP_OBJECT_SET_C_TYPE(nullptr, 1);
 }
 
-TEST(NextNonnull, SingleObjectEndsWithZeroRemaining) {
-    HeapBytes run = heap_copy(obj8(1));
-    uint32_t rem = 8;
-    EXPECT_EQ(rsvp_next_nonnull_object(run.data(), &rem), nullptr);
-    EXPECT_EQ(rem, 0u);
-}
-
-TEST(NextNonnull, SkipsNullObjects) {
-    HeapBytes run = heap_copy(concat({obj8(1), null4(), obj8(3)}));
-    uint32_t rem = 20;
-    EXPECT_EQ(rsvp_next_nonnull_object(run.data(), &rem), run.data() + 12);
-    EXPECT_EQ(rem, 8u);
-}
-
-TEST(NextNonnull, StepsOverTheStartingObjectEvenWhenItIsNull) {
-    HeapBytes run = heap_copy(concat({null4(), obj8(1)}));
-    uint32_t rem = 12;
-    EXPECT_EQ(rsvp_next_nonnull_object(run.data(), &rem), run.data() + 4);
-    EXPECT_EQ(rem, 8u);
-}
-
-TEST(NextNonnull, MalformedLengthEndsTheWalkWithRemainingUpdated) {
+// Each row walks one step from the start of a run: the object found (as an offset, -1 for
+// null) and the remaining count afterwards.
+TEST(NextNonnull, OneStep) {
+    Bytes bad6 = concat({obj8(1), obj8(2), Bytes(4, 0)});
+    bad6[9] = 6;  // second object's Length: not a multiple of 4
+    Bytes past = concat({obj8(1), obj8(2), Bytes(4, 0)});
+    past[9] = 16;  // second object reaches past the run
+    Bytes zero = concat({obj8(1), obj8(2), Bytes(4, 0)});
+    zero[9] = 0;
     struct Row {
         const char *name;
-        uint16_t bad_length;
-    } rows[] = {{"not a multiple of 4", 6},
-                {"below the header", 0},
-                {"header only minus", 2},
-                {"past the run", 16}};
-    for (const Row &r : rows) {
+        Bytes run;
+        uint32_t remaining;
+        int found;
+        uint32_t remaining_after;
+    } rows[] = {
+        {"a run of one object", obj8(1), 8, -1, 0},
+        {"null objects are skipped", concat({obj8(1), null4(), obj8(3)}), 20, 12, 8},
+        {"the start is stepped over even when null", concat({null4(), obj8(1)}), 12, 4, 8},
+        {"trailing nulls end the walk", concat({obj8(1), null4(), null4(), Bytes(2, 0)}), 18, -1,
+         2},
+        {"Length 6 ends the walk", bad6, 20, -1, 12},
+        {"Length past the run ends the walk", past, 20, -1, 12},
+        {"Length 0 ends the walk", zero, 20, -1, 12},
+        {"a malformed start is not stepped over", object(1, 1, hex("00 00"), 6), 6, -1, 6},
+    };
+    for (Row &r : rows) {
         SCOPED_TRACE(r.name);
-        Bytes b = concat({obj8(1), obj8(2), Bytes(4, 0)});
-        b[8] = static_cast<uint8_t>(r.bad_length >> 8);
-        b[9] = static_cast<uint8_t>(r.bad_length);
-        HeapBytes run = heap_copy(b);
-        uint32_t rem = 20;
-        EXPECT_EQ(rsvp_next_nonnull_object(run.data(), &rem), nullptr);
-        EXPECT_EQ(rem, 12u);
+        HeapBytes run = heap_copy(r.run);
+        uint32_t rem = r.remaining;
+        uint8_t *got = rsvp_next_nonnull_object(run.data(), &rem);
+        EXPECT_EQ(got, r.found < 0 ? nullptr : run.data() + r.found);
+        EXPECT_EQ(rem, r.remaining_after);
     }
-}
-
-TEST(NextNonnull, MalformedStartingObjectLeavesRemainingAlone) {
-    HeapBytes run = heap_copy(object(1, 1, hex("00 00"), 6));
-    uint32_t rem = 6;
-    EXPECT_EQ(rsvp_next_nonnull_object(run.data(), &rem), nullptr);
-    EXPECT_EQ(rem, 6u);
 }
 
 TEST(NextNonnull, RemainingBelowHeaderTouchesNothing) {
     for (uint32_t r = 0; r < 4; ++r) {
         uint32_t rem = r;
-        // A null-sized heap buffer: any read of the object would be caught.
-        HeapBytes run = heap_copy(Bytes(r, 0));
+        HeapBytes run = heap_copy(Bytes(r, 0));  // any read of the object would be caught
         EXPECT_EQ(rsvp_next_nonnull_object(run.data(), &rem), nullptr);
         EXPECT_EQ(rem, r);
     }
@@ -97,13 +84,6 @@ TEST(NextNonnull, RemainingBelowHeaderTouchesNothing) {
     EXPECT_EQ(rsvp_next_nonnull_object(nullptr, &rem), nullptr);
     Bytes b = obj8(1);
     EXPECT_EQ(rsvp_next_nonnull_object(b.data(), nullptr), nullptr);
-}
-
-TEST(NextNonnull, TrailingNullObjectsEndTheWalk) {
-    HeapBytes run = heap_copy(concat({obj8(1), null4(), null4(), Bytes(2, 0)}));
-    uint32_t rem = 18;
-    EXPECT_EQ(rsvp_next_nonnull_object(run.data(), &rem), nullptr);
-    EXPECT_EQ(rem, 2u);
 }
 
 TEST(FirstObjectType, FindsAndStops) {

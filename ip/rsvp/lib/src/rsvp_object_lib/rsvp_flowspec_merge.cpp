@@ -37,7 +37,7 @@ T smaller(T target, T other) {
 extern "C" {
 
 int rsvp_merge_flowspecs(uint8_t *other, uint8_t *target) {
-    if (!target) return 0;  // nothing to merge into
+    // A null target reads as no service, every field 0 (m 65535), and differs from any merge.
     const uint8_t target_qos = rsvp_get_flow_qos_service(target);
     // Guaranteed when either side is; otherwise other's service, whatever it is.
     const uint8_t qos =
@@ -57,8 +57,8 @@ int rsvp_merge_flowspecs(uint8_t *other, uint8_t *target) {
     if (rsvp_object_compare(target, merged) == 0) return 0;
     const uint16_t merged_len = obj_length(merged);
     // An unsupported service built nothing: the answer is "changed", deliberately without a
-    // write.
-    if (merged_len == 0) return 1;
+    // write. A null target is not written either.
+    if (merged_len == 0 || !target) return 1;
     std::memmove(target, merged, merged_len);
     return 1;
 }

@@ -90,24 +90,19 @@ void get_values(const uint8_t *sub, uint32_t *values, unsigned count) {
 constexpr auto count_raw_type =
     route::count_raw_type<rsvp_valid_record_route, rsvp_extract_rro_next_subobject>;
 
-// The flag search walks an object that nobody validated, and every read stays inside the
-// object Length. A flags byte past the end can decide the answer only for a non-zero mask (a
-// mask of 0 matches without reading), and such a hop is taken as not matching. A hop whose
-// length byte would lie past the end is the last one: stepping over it ends the walk whatever
-// that byte says. A length byte of 0 ends the walk with 0 once that hop has been checked.
+// The flag search walks an object that nobody validated, and reads each hop of the right type
+// whole: near the end its flags byte lies behind the object Length (deliberate, at most 7
+// bytes behind; so may the last length byte). A length byte of 0 ends the walk with 0 once
+// that hop has been checked.
 int check_flags(uint8_t *obj, uint8_t type, unsigned flags_offset, uint8_t mask) {
     if (!obj) return 0;
     const uint16_t length = obj_length(obj);
     if (length <= kObjHdrLen) return 0;
-    const uint8_t *end = obj + length;
-    bool matched = false;
-    route::walk_trusted(obj_body(obj), length - kObjHdrLen, 0, [&](const uint8_t *sub) {
-        const auto left = static_cast<unsigned>(end - sub);
-        matched = route::sub_raw_type(sub) == type &&
-                  (mask == 0 || (flags_offset < left && (sub[flags_offset] & mask) == mask));
-        return matched || left <= route::kSubLengthOffset;
-    });
-    return matched ? 1 : 0;
+    const auto end =
+        route::walk_trusted(obj_body(obj), length - kObjHdrLen, 0, [&](const uint8_t *sub) {
+            return route::sub_raw_type(sub) == type && (sub[flags_offset] & mask) == mask;
+        });
+    return end.found ? 1 : 0;
 }
 
 }  // namespace
@@ -115,7 +110,8 @@ int check_flags(uint8_t *obj, uint8_t type, unsigned flags_offset, uint8_t mask)
 extern "C" {
 
 void rsvp_build_record_route(uint8_t *obj) {
-    put_obj_hdr(obj, RSVP_CLASS_RECORD_ROUTE, RSVP_CTYPE_RECORD_ROUTE_SUBOBJECTS, kObjHdrLen);
+    if (obj)
+        put_obj_hdr(obj, RSVP_CLASS_RECORD_ROUTE, RSVP_CTYPE_RECORD_ROUTE_SUBOBJECTS, kObjHdrLen);
 }
 
 uint8_t *rsvp_insert_record_route_ipv4(uint8_t *obj, uint32_t addr, uint8_t flags) {
