@@ -46,15 +46,9 @@ void run_one(const uint8_t *data, size_t size) {
     std::vector<Object> objects;
     auto take = [&](uint8_t *obj) {
         const uint16_t length = RSVP_OBJECT_LENGTH(obj);
-        // Two validators read past the object on purpose, so their copies get that room
-        // (zeroed): the SENDER_TSPEC word count may claim up to four times the body, and the
-        // FLOWSPEC service number at offset 8 is read even in a shorter object. Every other
+        // Zeroed room for the validators that read past an object on purpose; every other
         // object stays exact-size.
-        size_t slack = 0;
-        if (RSVP_OBJECT_CLASS(obj) == RSVP_CLASS_SENDER_TSPEC && length > 8)
-            slack = 3u * (length - 8u);
-        else if (RSVP_OBJECT_CLASS(obj) == RSVP_CLASS_FLOWSPEC && length < 12)
-            slack = 12u - length;
+        const size_t slack = deliberate_read_room(obj, length);
         owned.push_back(std::make_unique<uint8_t[]>(length + slack));
         uint8_t *copy = owned.back().get();
         std::memcpy(copy, obj, length);

@@ -60,10 +60,10 @@ void exercise(std::span<const Object> objects) {
                 break;
         }
         if (o.verdict != RSVP_OBJECT_VALID) continue;
-        Scratch s = scratch_copy(o, RSVP_STYLE_LEN);
-        keep(RSVP_REFRESH_TIME(s.data()) + RSVP_CONFIRM_ADDR(s.data()) +
-             RSVP_STYLE_RESERVATION_TYPE(s.data()));
-        RSVP_STYLE_SET_RESERVATION_TYPE(s.data(), RSVP_STYLE_WF);
+        Reach r = reach(o);
+        keep(RSVP_REFRESH_TIME(r.obj) + RSVP_CONFIRM_ADDR(r.obj) +
+             RSVP_STYLE_RESERVATION_TYPE(r.obj));
+        if (r.copied()) RSVP_STYLE_SET_RESERVATION_TYPE(r.obj, RSVP_STYLE_WF);
     }
 }
 

@@ -1,7 +1,7 @@
 // ERROR_SPEC: extractor and getters on valid objects, the code setter on a copy, and the order
 // on pairs of neighbouring objects of any class (its fields count as 0 when invalid). The
 // getters and the order read the ERROR_SPEC offsets of any valid object, behind a short one
-// too, so they work on copies with that much slack.
+// too (see reach).
 #include "fuzz_registry.hpp"
 #include "rsvp_object_lib.h"
 
@@ -10,25 +10,27 @@ namespace {
 using namespace rsvp_fuzz;
 
 void exercise(std::span<const Object> objects) {
-    std::vector<Scratch> copies;
+    std::vector<Reach> reached;
     for (const Object &o : objects)
-        copies.push_back(scratch_copy(o, RSVP_ERROR_SPEC_IPV4_LEN));
+        reached.push_back(reach(o));
     for (size_t i = 0; i < objects.size(); ++i) {
         const Object &o = objects[i];
-        uint8_t *c = copies[i].data();
+        uint8_t *c = reached[i].obj;
         keep(rsvp_compare_errors(c, c) + rsvp_compare_errors(c, nullptr));
         if (i + 1 < objects.size())
-            keep(rsvp_compare_errors(c, copies[i + 1].data()) +
-                 rsvp_compare_errors(copies[i + 1].data(), c));
+            keep(rsvp_compare_errors(c, reached[i + 1].obj) +
+                 rsvp_compare_errors(reached[i + 1].obj, c));
         if (o.verdict != RSVP_OBJECT_VALID) continue;
         keep(RSVP_ERROR_NODE(c) + RSVP_ERROR_FLAGS(c) + RSVP_ERROR_CODE(c) + RSVP_ERROR_VALUE(c));
-        RSVP_SET_ERROR_CODE(c, 1);
+        if (reached[i].copied()) RSVP_SET_ERROR_CODE(c, 1);
         if (o.class_num != RSVP_CLASS_ERROR_SPEC) continue;
         uint32_t node = 0;
         uint8_t flags = 0, code = 0;
         uint16_t value = 0;
         keep(rsvp_extract_error_ipv4(o.obj, &node, &flags, &code, &value));
         keep(node + flags + code + value);
+        Scratch s = scratch_copy(o);
+        RSVP_SET_ERROR_CODE(s.data(), static_cast<uint8_t>(code + 1));
     }
 }
 

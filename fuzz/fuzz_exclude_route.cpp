@@ -1,6 +1,8 @@
 // EXCLUDE_ROUTE: the validator, walker, count and accessors on every class-232 object; the
 // extractors on the subobjects of those that validate, each on its own type (the extractors
 // trust that their caller checked it); the four appends on scratch copies with room.
+#include <cstring>
+
 #include "fuzz_registry.hpp"
 #include "rsvp_object_lib.h"
 
@@ -35,13 +37,14 @@ void extract(uint8_t *sub) {
 void exercise(std::span<const Object> objects) {
     for (const Object &o : objects) {
         if (o.class_num != RSVP_CLASS_EXCLUDE_ROUTE) continue;
-        const int valid = rsvp_valid_xro(o.obj);
-        keep(rsvp_xro_subobj_count(o.obj));
-        // The walker keeps every subobject inside the object, valid or not; a zero length
-        // would repeat a subobject forever, so the walk is bounded by the bytes it can cover.
+        uint8_t *obj = o.obj;
+        const int valid = rsvp_valid_xro(obj);
+        keep(rsvp_xro_subobj_count(obj));
+        // A zero length would repeat a subobject forever, so the walk is bounded by the bytes
+        // it can cover.
         uint8_t *sub = nullptr;
-        for (unsigned steps = 0; steps < o.length; ++steps) {
-            sub = rsvp_get_xro_next_sub_hdr(o.obj, sub);
+        for (unsigned steps = 0; steps <= o.length; ++steps) {
+            sub = rsvp_get_xro_next_sub_hdr(obj, sub);
             if (!sub) break;
             keep(RSVP_XRO_SUB_LEN(sub) + RSVP_XRO_SUB_LBIT(sub) + RSVP_XRO_SUB_TYPE(sub));
             if (valid) extract(sub);

@@ -50,21 +50,26 @@ void exercise_tlvs(const Object &o) {
 
 void exercise(std::span<const Object> objects) {
     for (const Object &o : objects) {
-        // The getters act on any valid object and reach offset 12 even behind a shorter one
-        // (an IF_ID hop below 12 bytes, or another class): they get that much slack.
-        Scratch r = scratch_copy(o, RSVP_HOP_IPV4_LEN);
-        if (o.verdict == RSVP_OBJECT_VALID)
-            keep(RSVP_HOP_NEIGHBOR(r.data()) + RSVP_HOP_LIF_HANDLE(r.data()) +
-                 RSVP_HOP_IF_ID_LIF_HANDLE(r.data()));
+        if (o.verdict == RSVP_OBJECT_VALID) {
+            // The getters and setters act on any valid object, past a short one too.
+            Reach r = reach(o);
+            keep(RSVP_HOP_NEIGHBOR(r.obj) + RSVP_HOP_IPV4_NEIGHBOR(r.obj) +
+                 RSVP_HOP_IF_ID_NEIGHBOR(r.obj) + RSVP_HOP_LIF_HANDLE(r.obj) +
+                 RSVP_HOP_IPV4_LIF_HANDLE(r.obj) + RSVP_HOP_IF_ID_LIF_HANDLE(r.obj));
+            if (r.copied()) {
+                RSVP_HOP_SET_NEIGHBOR(r.obj, 1);
+                RSVP_HOP_IF_ID_SET_LIF_HANDLE(r.obj, 1);
+            }
+        }
         if (o.class_num != RSVP_CLASS_RSVP_HOP) continue;
         keep(rsvp_valid_hop(o.obj) + rsvp_valid_hop_ipv4(o.obj) + rsvp_valid_hop_if_id(o.obj));
         if (o.verdict != RSVP_OBJECT_VALID) continue;
         uint32_t neighbor = 0, lih = 0;
         keep(rsvp_extract_hop_ipv4(o.obj, &neighbor, &lih));
-        keep(neighbor + lih + RSVP_HOP_IPV4_NEIGHBOR(r.data()) +
-             RSVP_HOP_IPV4_LIF_HANDLE(r.data()) + RSVP_HOP_IF_ID_NEIGHBOR(r.data()));
+        keep(neighbor + lih);
         keep(RSVP_HOP_IF_ID_SUBOBJ_PTR(o.obj));
-        Scratch s = scratch_copy(o, RSVP_HOP_IPV4_LEN);  // the setters reach offset 12 likewise
+        // Room for the setters behind an IF_ID hop below 12 bytes.
+        Scratch s = scratch_copy(o, RSVP_HOP_IPV4_LEN);
         RSVP_HOP_SET_NEIGHBOR(s.data(), neighbor);
         RSVP_HOP_IPV4_SET_NEIGHBOR(s.data(), neighbor);
         RSVP_HOP_SET_LIF_HANDLE(s.data(), lih);

@@ -15,6 +15,8 @@ constexpr size_t kValueLen = 4;
 constexpr unsigned kMaxObjectLength = 0xFFFF;
 // The SRLG insert moves by the low 8 bits of the Length: longer routes come out broken.
 constexpr unsigned kSrlgMovesUpTo = 0xFF;
+// The flag searches read a last hop whole: an IPv4 flags byte up to 7 bytes behind the end.
+constexpr size_t kFlagReach = RSVP_RRO_IPV4_LEN - 1;
 
 void exercise_subobject(uint8_t *sub) {
     uint32_t a = 0, b = 0, values[RSVP_RRO_MAX_VALUES], *values_ptr = values;
@@ -42,15 +44,15 @@ void exercise_inserts(const Object &o) {
             std::abort();
         keep(rsvp_rro_check_ipv4_flags(s.data(), 1) + rsvp_rro_check_unnum_flags(s.data(), 1));
     };
-    Scratch a = scratch_copy(o, RSVP_RRO_IPV4_LEN);
+    Scratch a = scratch_copy(o, RSVP_RRO_IPV4_LEN + kFlagReach);
     check(a, rsvp_insert_record_route_ipv4(a.data(), 0x0100000a, 1), RSVP_RRO_IPV4_LEN, true);
-    Scratch b = scratch_copy(o, RSVP_RRO_UNNUM_LEN);
+    Scratch b = scratch_copy(o, RSVP_RRO_UNNUM_LEN + kFlagReach);
     check(b, rsvp_insert_record_route_unnum(b.data(), 0x0100000a, 7, 2), RSVP_RRO_UNNUM_LEN, true);
     if (count > 0) {
-        Scratch c = scratch_copy(o, values_len);
+        Scratch c = scratch_copy(o, values_len + kFlagReach);
         check(c, rsvp_insert_record_route_label(c.data(), values, count, 2, 1), values_len, true);
     }
-    Scratch d = scratch_copy(o, values_len);
+    Scratch d = scratch_copy(o, values_len + kFlagReach);
     check(d, rsvp_insert_record_route_srlg(d.data(), count % 2 ? values : nullptr, count),
           values_len, o.length <= kSrlgMovesUpTo);
     if (rsvp_insert_record_route_srlg(d.data(), values, RSVP_RRO_MAX_VALUES + 1)) std::abort();
@@ -60,9 +62,11 @@ void exercise(std::span<const Object> objects) {
     for (const Object &o : objects) {
         if (o.class_num != RSVP_CLASS_RECORD_ROUTE) continue;
         keep(rsvp_valid_record_route(o.obj));
-        // The flag searches take unvalidated objects and must stay inside the Length.
+        // The flag searches take unvalidated objects (zeroed room behind for a last hop).
+        Scratch f = scratch_copy(o, kFlagReach);
         for (uint8_t mask : {0x00, 0x01, 0x0a})
-            keep(rsvp_rro_check_ipv4_flags(o.obj, mask) + rsvp_rro_check_unnum_flags(o.obj, mask));
+            keep(rsvp_rro_check_ipv4_flags(f.data(), mask) +
+                 rsvp_rro_check_unnum_flags(f.data(), mask));
         if (o.verdict != RSVP_OBJECT_VALID) continue;
         keep(rsvp_count_rro_subobject_ipv4(o.obj) + rsvp_count_rro_subobject_unnum(o.obj));
         for (uint8_t *sub = rsvp_extract_rro_next_subobject(o.obj, nullptr); sub;

@@ -8,7 +8,10 @@
 #include <cstring>
 #include <memory>
 #include <span>
+#include <utility>
 #include <vector>
+
+#include "rsvp_object_lib.h"
 
 namespace rsvp_fuzz {
 
@@ -43,10 +46,45 @@ struct Scratch {
     uint8_t *data() { return buf.get(); }
 };
 
+// Two validators read past the object on purpose, so every copy of such an object carries that
+// room (zeroed): the SENDER_TSPEC word count may claim up to four times the body, and the
+// FLOWSPEC service number at offset 8 is read even in a shorter object.
+inline size_t deliberate_read_room(const uint8_t *obj, size_t length) {
+    constexpr size_t kTspecHdr = 8, kFlowspecServiceEnd = 12;
+    switch (RSVP_OBJECT_CLASS(const_cast<uint8_t *>(obj))) {
+        case RSVP_CLASS_SENDER_TSPEC:
+            return length > kTspecHdr ? 3 * (length - kTspecHdr) : 0;
+        case RSVP_CLASS_FLOWSPEC:
+            return length < kFlowspecServiceEnd ? kFlowspecServiceEnd - length : 0;
+        case RSVP_CLASS_EXCLUDE_ROUTE:
+            return RSVP_ROUTE_SUBOBJ_HDR_LEN;
+        default:
+            return 0;
+    }
+}
+
 inline Scratch scratch_copy(const Object &o, size_t room = 0) {
+    room += deliberate_read_room(o.obj, o.length);
     Scratch s{std::make_unique<uint8_t[]>(o.length + room), o.length + room};
     std::memcpy(s.buf.get(), o.obj, o.length);
     return s;
+}
+
+// Accessors gated only by rsvp_valid_object work at fixed offsets below 12 on any valid object,
+// reaching past a shorter one on purpose. `reach` hands them the object itself when it is 12
+// bytes or longer, else a copy zero-filled to 12 bytes (which also covers the room the driver
+// gives short objects whose validators read past them). Write only through a copy.
+inline constexpr size_t kReachLen = 12;
+struct Reach {
+    Scratch copy;
+    uint8_t *obj;
+    bool copied() const { return copy.buf != nullptr; }
+};
+inline Reach reach(const Object &o) {
+    if (o.length >= kReachLen) return Reach{Scratch{nullptr, 0}, o.obj};
+    Scratch s = scratch_copy(o, kReachLen - o.length);
+    uint8_t *p = s.data();
+    return Reach{std::move(s), p};
 }
 
 // Keeps a result alive so the call is not optimised away.
@@ -59,7 +97,7 @@ inline void keep(const T &v) {
 
 #define RSVP_FUZZ_CONCAT2(a, b) a##b
 #define RSVP_FUZZ_CONCAT(a, b) RSVP_FUZZ_CONCAT2(a, b)
-#define RSVP_FUZZ_EXERCISER(fn)                                                            \
+#define RSVP_FUZZ_EXERCISER(fn)                                                           \
     [[maybe_unused]] static const bool RSVP_FUZZ_CONCAT(rsvp_fuzz_exerciser_, __LINE__) = \
         rsvp_fuzz::register_exerciser(fn)
 #define RSVP_FUZZ_SEEDS(fn)                                                           \

@@ -41,13 +41,14 @@ TEST(ErrorSpec, BuildExtractAndAccessors) {
         RSVP_SET_ERROR_CODE(o.data(), 0x77);
         EXPECT_EQ(o.data()[9], len == 12 ? 0x77 : 0x02);
     }
-    // A valid object of another class is read at the same offsets, past its end if short.
+    // A valid object of another class is read at the same offsets, but only within its
+    // Length: an 8-byte TIME_VALUES gives its node word, and the code setter writes nothing.
     Bytes refresh = concat({object(5, 1, hex("0a 00 00 01")), hex("01 02 00 03")});
     EXPECT_EQ(Fields(RSVP_ERROR_NODE(refresh.data()), RSVP_ERROR_FLAGS(refresh.data()),
                      RSVP_ERROR_CODE(refresh.data()), RSVP_ERROR_VALUE(refresh.data())),
-              Fields(ip("10.0.0.1"), 1, 2, 3));
+              Fields(ip("10.0.0.1"), 0, 0, 0));
     RSVP_SET_ERROR_CODE(refresh.data(), 0x77);
-    EXPECT_EQ(refresh[9], 0x77);
+    EXPECT_EQ(refresh[9], 0x02);
     Bytes ctype2 = object(6, 2, hex("0a 00 00 01 01 02 00 03"));
     EXPECT_EQ(rsvp_valid_error_ipv4(ctype2.data()) + rsvp_valid_error_ipv4(nullptr), 0);
     EXPECT_EQ(RSVP_ERROR_NODE(nullptr), 0u);
@@ -69,8 +70,8 @@ TEST(ErrorSpec, Ordering) {
         {Bytes{}, Bytes{}, 0},
         {sixteen, zero, 0},
         {sixteen, e, -1},
-        // a valid TIME_VALUES is read at the ERROR_SPEC offsets, behind its 8 bytes too
-        {concat({object(5, 1, hex("0a 00 00 01")), hex("00 01 00 02")}), e, 1},
+        // a valid TIME_VALUES is read at the ERROR_SPEC offsets within its 8 bytes only
+        {concat({object(5, 1, hex("0a 00 00 01")), hex("00 01 00 02")}), e, -1},
     };
     for (const auto &[ra, rb, expected] : rows) {
         SCOPED_TRACE(to_hex(ra) + " vs " + to_hex(rb));

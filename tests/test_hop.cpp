@@ -66,18 +66,17 @@ TEST(Hop, TwinAccessorsActOnlyOnValidObjects) {
     EXPECT_EQ(to_hex(b), "00 0c 03 02 01 02 03 04 aa bb cc dd");
     RSVP_HOP_IF_ID_SET_NEIGHBOR(b.data(), kA);
     EXPECT_EQ(to_hex(b), "00 0c 03 02 0a 00 00 01 aa bb cc dd");
-    // Only rsvp_valid_object gates them: on a valid 4-byte IF_ID hop, or a valid object of
-    // another class, they reach the bytes behind the object.
+    // A valid object too short for the field (a 4-byte IF_ID hop, an object of another class)
+    // answers as an invalid one: nothing behind it is read or written.
     for (Bytes o : {concat({object(3, 3, Bytes{}), hex("0a 00 00 02 00 00 00 07")}),
                     concat({object(14, 1, Bytes{}), hex("0a 00 00 02 00 00 00 07")})}) {
         SCOPED_TRACE(to_hex(o));
-        EXPECT_EQ(
-            std::tuple(RSVP_HOP_NEIGHBOR(o.data()), RSVP_HOP_IF_ID_NEIGHBOR(o.data()),
-                       RSVP_HOP_IPV4_LIF_HANDLE(o.data()), RSVP_HOP_IF_ID_LIF_HANDLE(o.data())),
-            std::tuple(ip("10.0.0.2"), ip("10.0.0.2"), 7u, 7u));
+        EXPECT_EQ(RSVP_HOP_NEIGHBOR(o.data()) + RSVP_HOP_IF_ID_NEIGHBOR(o.data()) +
+                      RSVP_HOP_IPV4_LIF_HANDLE(o.data()) + RSVP_HOP_IF_ID_LIF_HANDLE(o.data()),
+                  0u);
         RSVP_HOP_SET_NEIGHBOR(o.data(), kA);
         RSVP_HOP_IF_ID_SET_LIF_HANDLE(o.data(), 0x0102);
-        EXPECT_EQ(to_hex(o.data() + 4, 8), "0a 00 00 01 00 00 01 02");
+        EXPECT_EQ(to_hex(o.data() + 4, 8), "0a 00 00 02 00 00 00 07");
     }
 }
 

@@ -152,6 +152,11 @@ TEST(Sender, AccessorsValidateThroughTheDispatch) {
     EXPECT_EQ(tmpl(f.data()), written);
     EXPECT_EQ(filt(v.data()), written);
     EXPECT_EQ(t, refused);
+    // A valid object of another class is read and written only within its own Length.
+    HeapBytes policy = heap_copy(object(RSVP_CLASS_POLICY_DATA, 1, {}));
+    ASSERT_EQ(rsvp_valid_object(policy.data()), 1u);
+    RSVP_FILTER_SET_SOURCE(policy.data(), ip("10.0.0.1"));
+    EXPECT_EQ(RSVP_TEMPLATE_SOURCE(policy.data()) + RSVP_FILTER_PORT(policy.data()), 0u);
 }
 
 // The P2MP accessors do not check the C-Type: on a 12-byte object they use the bytes behind it.
@@ -180,12 +185,16 @@ TEST(Sender, CompareTemplatesAndFilters) {
         {t(1, "e0000009 0000 0009"), t(1, "0a000001 0000 0000"), -1},
         {t(7, "e0000009 0000 0009"), t(7, "e1000001 0000 0001"), 0},
         {object(kF, 7, hex("0a000001 0000 0001")), t(7, "0a000001 0000 0001"), 0},  // any class
+        // Valid 8-byte objects of another class (C-Type 12): only the address is inside them.
+        {object(RSVP_CLASS_POLICY_DATA, 12, hex("0a000001")),
+         object(RSVP_CLASS_POLICY_DATA, 12, hex("0a000002")), -1},
         {{}, {}, 0},                           // an empty row stands for a null object
         {{}, t(1, "00000000 0000 0000"), -1},  // null first, even before an invalid object
     };
     for (auto &[a, b, expect] : rows) {
         SCOPED_TRACE(to_hex(a) + " / " + to_hex(b));
-        uint8_t *pa = a.empty() ? nullptr : a.data(), *pb = b.empty() ? nullptr : b.data();
+        HeapBytes ha = heap_copy(a), hb = heap_copy(b);
+        uint8_t *pa = a.empty() ? nullptr : ha.data(), *pb = b.empty() ? nullptr : hb.data();
         EXPECT_EQ(rsvp_compare_templates(pa, pb), expect);
         EXPECT_EQ(rsvp_compare_filters(pb, pa), -expect);
     }

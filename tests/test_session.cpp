@@ -99,13 +99,16 @@ TEST(Session, GettersServeTheirCTypesOnly) {
         {ses(9, "0a000004 0000 0002 0a000002"), {ip("10.0.0.4"), ip("10.0.0.2"), 0, 2, 0, 0}},
         // A P2MP ID is no address: the destination getter answers 0.
         {ses(13, "01020304 0000 0003 0a000009"), {0, ip("10.0.0.9"), 0x01020304, 3, 0, 0}},
+        // Length 12: the getters read no field that the Length does not cover.
+        {ses(7, "0a000003 0000 0001"), {ip("10.0.0.3"), 0, 0, 1, 0, 0}},
         {ses(2, "0a000003 2f 5a 0000 00000000 00000000 00000001"), {}},
         {object(RSVP_CLASS_FILTER_SPEC, 1, hex("0a000003 2f 5a 0000")), {}},
         {{}, {}},  // null
     };
     for (auto &[obj, want] : rows) {
         SCOPED_TRACE(to_hex(obj));
-        uint8_t *o = obj.empty() ? nullptr : obj.data();
+        HeapBytes h = heap_copy(obj);
+        uint8_t *o = obj.empty() ? nullptr : h.data();
         EXPECT_EQ(Fields(rsvp_session_gen_ipv4_dst(o), rsvp_session_gen_ipv4_ext_id(o),
                          rsvp_session_gen_p2mp_id(o), rsvp_session_gen_ipv4_port(o),
                          rsvp_session_gen_ipv4_protocol(o), rsvp_session_gen_ipv4_flags(o)),

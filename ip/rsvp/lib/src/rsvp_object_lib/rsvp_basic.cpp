@@ -63,10 +63,8 @@ int rsvp_valid_refresh(uint8_t *obj) {
     return is_word_object(obj, RSVP_CLASS_TIME_VALUES, RSVP_CTYPE_TIME_VALUES);
 }
 
-// The body-word accessors below act on any valid object, and deliberately read (or write) the
-// word at offset 4 even behind a valid 4-byte object of another class.
 uint32_t RSVP_REFRESH_TIME(uint8_t *obj) {
-    return valid_any(obj) ? wire::load_be32(obj + kWordOffset) : 0;
+    return valid_holds(obj, kWordEnd) ? wire::load_be32(obj + kWordOffset) : 0;
 }
 
 // ---- RESV_CONFIRM --------------------------------------------------------------------------
@@ -87,7 +85,7 @@ int rsvp_extract_confirm_ipv4(uint8_t *obj, uint32_t *receiver) {
 }
 
 uint32_t RSVP_CONFIRM_ADDR(uint8_t *obj) {
-    return valid_any(obj) ? wire::load_raw32(obj + kWordOffset) : 0;
+    return valid_holds(obj, kWordEnd) ? wire::load_raw32(obj + kWordOffset) : 0;
 }
 
 // ---- SCOPE ---------------------------------------------------------------------------------
@@ -116,7 +114,7 @@ int rsvp_valid_scope_ipv4(uint8_t *obj) {
 }
 
 uint32_t RSVP_SCOPE_IPV4_ADDR(uint8_t *obj, int32_t index) {
-    if (index < 0 || !valid_any(obj)) return 0;
+    if (index < 0 || rsvp_valid_object(obj) != RSVP_OBJECT_VALID) return 0;
     // The index is the caller's, bounded by it from the Length: not checked here.
     return wire::load_raw32(obj + kWordOffset + static_cast<uint32_t>(index) * kWordLen);
 }
@@ -145,11 +143,11 @@ int rsvp_style_explicit(uint8_t *obj) {
 }
 
 uint8_t RSVP_STYLE_RESERVATION_TYPE(uint8_t *obj) {
-    return valid_any(obj) ? style_of(obj) : 0;
+    return valid_holds(obj, kWordEnd) ? style_of(obj) : 0;
 }
 
 void RSVP_STYLE_SET_RESERVATION_TYPE(uint8_t *obj, uint8_t style) {
-    if (valid_any(obj)) wire::store_be32(obj + kWordOffset, style & RSVP_STYLE_MASK);
+    if (valid_holds(obj, kWordEnd)) wire::store_be32(obj + kWordOffset, style & RSVP_STYLE_MASK);
 }
 
 // ---- POLICY_DATA ---------------------------------------------------------------------------

@@ -16,12 +16,13 @@ constexpr unsigned kNodeOffset = 4;
 constexpr unsigned kFlagsOffset = 8;
 constexpr unsigned kCodeOffset = 9;
 constexpr unsigned kValueOffset = 10;
-static_assert(kNodeOffset + sizeof(uint32_t) == kFlagsOffset);
-static_assert(kValueOffset + sizeof(uint16_t) == RSVP_ERROR_SPEC_IPV4_LEN);
+constexpr unsigned kNodeEnd = kNodeOffset + 4;
+constexpr unsigned kValueEnd = kValueOffset + 2;
+static_assert(kValueEnd == RSVP_ERROR_SPEC_IPV4_LEN);
 
 // The fields in the order rsvp_compare_errors weighs them: the flags come last although
-// they precede code and value on the wire. Every field of an object rsvp_valid_object does
-// not accept counts as 0; a valid object of any class is read at the ERROR_SPEC offsets.
+// they precede code and value on the wire. A field outside a valid object's Length, and
+// every field of an object rsvp_valid_object does not accept, counts as 0.
 struct OrderKey {
     uint32_t node = 0;  // host order
     uint8_t code = 0;
@@ -31,12 +32,12 @@ struct OrderKey {
 
 OrderKey order_key(uint8_t *obj) {
     OrderKey k;
-    if (!valid_any(obj)) return k;
-    // Deliberately read even behind a valid object of another class shorter than 12 bytes.
-    k.node = wire::load_be32(obj + kNodeOffset);
-    k.flags = obj[kFlagsOffset];
-    k.code = obj[kCodeOffset];
-    k.value = wire::load_be16(obj + kValueOffset);
+    if (rsvp_valid_object(obj) != RSVP_OBJECT_VALID) return k;
+    const uint16_t length = obj_length(obj);
+    if (length >= kNodeEnd) k.node = wire::load_be32(obj + kNodeOffset);
+    if (length > kFlagsOffset) k.flags = obj[kFlagsOffset];
+    if (length > kCodeOffset) k.code = obj[kCodeOffset];
+    if (length >= kValueEnd) k.value = wire::load_be16(obj + kValueOffset);
     return k;
 }
 
@@ -74,26 +75,24 @@ int rsvp_extract_error_ipv4(uint8_t *obj, uint32_t *node, uint8_t *flags, uint8_
     return 1;
 }
 
-// The accessors act on any valid object, deliberately reaching past one of another class that
-// is shorter than the field.
 uint32_t RSVP_ERROR_NODE(uint8_t *obj) {
-    return valid_any(obj) ? wire::load_raw32(obj + kNodeOffset) : 0;
+    return valid_holds(obj, kNodeEnd) ? wire::load_raw32(obj + kNodeOffset) : 0;
 }
 
 uint8_t RSVP_ERROR_FLAGS(uint8_t *obj) {
-    return valid_any(obj) ? obj[kFlagsOffset] : 0;
+    return valid_holds(obj, kFlagsOffset + 1) ? obj[kFlagsOffset] : 0;
 }
 
 uint8_t RSVP_ERROR_CODE(uint8_t *obj) {
-    return valid_any(obj) ? obj[kCodeOffset] : 0;
+    return valid_holds(obj, kCodeOffset + 1) ? obj[kCodeOffset] : 0;
 }
 
 void RSVP_SET_ERROR_CODE(uint8_t *obj, uint8_t code) {
-    if (valid_any(obj)) obj[kCodeOffset] = code;
+    if (valid_holds(obj, kCodeOffset + 1)) obj[kCodeOffset] = code;
 }
 
 uint16_t RSVP_ERROR_VALUE(uint8_t *obj) {
-    return valid_any(obj) ? wire::load_be16(obj + kValueOffset) : 0;
+    return valid_holds(obj, kValueEnd) ? wire::load_be16(obj + kValueOffset) : 0;
 }
 
 int rsvp_compare_errors(uint8_t *a, uint8_t *b) {

@@ -200,10 +200,13 @@ int rsvp_extract_xro_lsp_subobj(uint8_t *sub, uint8_t *l_bit, uint8_t *attr, uin
 uint8_t *rsvp_get_xro_next_sub_hdr(uint8_t *obj, uint8_t *prev) {
     if (!obj) return nullptr;
     uint8_t *cand = prev ? prev + sub_length(prev) : obj_body(obj);
-    // A subobject must end at or before the object end. Deliberately, the candidate's length
-    // byte is read even when it lies behind the object (up to 2 bytes behind), and a candidate
-    // at the very end whose length byte there is 0 is returned (and then fails validation).
-    if (cand - obj + sub_length(cand) > static_cast<long>(obj_length(obj))) return nullptr;
+    const long offset = cand - obj;
+    const long length = obj_length(obj);
+    // Bytes at the end that cannot hold even a subobject header end the walk: the walk never
+    // reads behind the object, so a route built in any buffer validates and counts alike.
+    if (offset + static_cast<long>(kSubHdrLen) > length) return nullptr;
+    // A subobject must end at or before the object end.
+    if (offset + sub_length(cand) > length) return nullptr;
     return cand;
 }
 

@@ -57,19 +57,20 @@ bool valid_tlv(const uint8_t *tlv) {
 }
 
 // The plain and IPv4 accessor names are twins: both hop C-Types keep the address at offset 4
-// and the handle at offset 8. Gated by rsvp_valid_object alone, they reach past a valid object
-// shorter than the field (a 4- or 8-byte IF_ID hop, or an object of another class) on purpose.
+// and the handle at offset 8.
 uint32_t get_neighbor(uint8_t *obj) {
-    return valid_any(obj) ? wire::load_raw32(obj + kNeighborOffset) : 0;
+    return valid_holds(obj, kNeighborOffset + kFieldLen) ? wire::load_raw32(obj + kNeighborOffset)
+                                                         : 0;
 }
 void set_neighbor(uint8_t *obj, uint32_t neighbor) {
-    if (valid_any(obj)) wire::store_raw32(obj + kNeighborOffset, neighbor);
+    if (valid_holds(obj, kNeighborOffset + kFieldLen))
+        wire::store_raw32(obj + kNeighborOffset, neighbor);
 }
 uint32_t get_lif_handle(uint8_t *obj) {
-    return valid_any(obj) ? wire::load_be32(obj + kLihOffset) : 0;
+    return valid_holds(obj, kLihOffset + kFieldLen) ? wire::load_be32(obj + kLihOffset) : 0;
 }
 void set_lif_handle(uint8_t *obj, uint32_t lih) {
-    if (valid_any(obj)) wire::store_be32(obj + kLihOffset, lih);
+    if (valid_holds(obj, kLihOffset + kFieldLen)) wire::store_be32(obj + kLihOffset, lih);
 }
 
 uint8_t *build_fixed(uint8_t *obj, uint8_t c_type, uint32_t neighbor, uint32_t lih) {
@@ -280,7 +281,7 @@ int rsvp_get_gmpls_hop_if_id_tlv(uint8_t *obj, rsvp_hop_if_id_tlv_info *info) {
 }
 
 uint8_t *RSVP_HOP_IF_ID_SUBOBJ_PTR(uint8_t *obj) {
-    return valid_any(obj) ? obj + kTlvOffset : nullptr;
+    return rsvp_valid_object(obj) == RSVP_OBJECT_VALID ? obj + kTlvOffset : nullptr;
 }
 
 uint32_t RSVP_HOP_IF_ID_NEIGHBOR(uint8_t *obj) {

@@ -68,7 +68,9 @@ int rsvp_build_integrity(uint8_t *obj, const uint8_t *flags, const uint8_t *key_
     if (!digest) return 1;
     // The object as it now stands decides the digest length; a failure here keeps what the
     // steps above wrote.
-    const long have = valid_any(obj) ? static_cast<long>(obj_length(obj)) - kDigestOffset : 0;
+    const long have = rsvp_valid_object(obj) == RSVP_OBJECT_VALID
+                          ? static_cast<long>(obj_length(obj)) - kDigestOffset
+                          : 0;
     if (!digest_len_ok(have) || (digest_len && have != static_cast<long>(*digest_len))) return 0;
     std::memcpy(obj + kDigestOffset, digest, static_cast<size_t>(have));
     return 1;
@@ -85,12 +87,11 @@ int rsvp_extract_integrity(uint8_t *obj, uint8_t *flags, uint8_t *key_id, uint64
 }
 
 uint8_t *RSVP_INTEGRITY_DIGEST_PTR(uint8_t *obj) {
-    return valid_any(obj) ? obj + kDigestOffset : nullptr;
+    return rsvp_valid_object(obj) == RSVP_OBJECT_VALID ? obj + kDigestOffset : nullptr;
 }
 
-// Length - 20 for any valid object: below 20 bytes (another class) the difference wraps.
 uint32_t RSVP_INTEGRITY_DIGEST_LEN(uint8_t *obj) {
-    return valid_any(obj) ? static_cast<uint32_t>(obj_length(obj)) - kDigestOffset : 0;
+    return valid_holds(obj, kDigestOffset) ? obj_length(obj) - kDigestOffset : 0;
 }
 
 int rsvp_valid_challenge(uint8_t *obj) {
@@ -115,11 +116,11 @@ int rsvp_extract_challenge(uint8_t *obj, uint8_t *key_id, uint8_t *cookie) {
 }
 
 uint8_t *RSVP_CHALLENGE_KEY_ID_PTR(uint8_t *obj) {
-    return valid_any(obj) ? obj + kKeyIdOffset : nullptr;
+    return rsvp_valid_object(obj) == RSVP_OBJECT_VALID ? obj + kKeyIdOffset : nullptr;
 }
 
 uint8_t *RSVP_CHALLENGE_COOKIE_PTR(uint8_t *obj) {
-    return valid_any(obj) ? obj + kCookieOffset : nullptr;
+    return rsvp_valid_object(obj) == RSVP_OBJECT_VALID ? obj + kCookieOffset : nullptr;
 }
 
 }  // extern "C"

@@ -26,6 +26,8 @@ constexpr unsigned kPortOffset = 10;  // port or LSP ID
 constexpr unsigned kSgOriginOffset = 12;
 constexpr unsigned kSgReservedOffset = 16;
 constexpr unsigned kSgIdOffset = 18;
+constexpr unsigned kAddrLen = 4;
+constexpr unsigned kPortLen = 2;
 
 constexpr uint16_t kIpv4Len = RSVP_SENDER_IPV4_LEN;
 constexpr uint16_t kP2mpLen = RSVP_SENDER_P2MP_IPV4_LEN;
@@ -119,30 +121,37 @@ bool accessible(uint8_t *obj) {
     return rsvp_valid_object(obj) == RSVP_OBJECT_VALID;
 }
 
+// Every SENDER_TEMPLATE or FILTER_SPEC that validates holds the sender address and the port;
+// a shorter object of another class that validates is not read or written past its end there.
+bool covers(const uint8_t *obj, unsigned offset, unsigned width) {
+    return obj_length(obj) >= offset + width;
+}
+
 uint32_t get_raw32(uint8_t *obj, unsigned offset) {
-    return accessible(obj) ? wire::load_raw32(obj + offset) : 0;
+    return accessible(obj) && covers(obj, offset, kAddrLen) ? wire::load_raw32(obj + offset) : 0;
 }
 
 uint16_t get_be16(uint8_t *obj, unsigned offset) {
-    return accessible(obj) ? wire::load_be16(obj + offset) : 0;
+    return accessible(obj) && covers(obj, offset, kPortLen) ? wire::load_be16(obj + offset) : 0;
 }
 
 void set_raw32(uint8_t *obj, unsigned offset, uint32_t value) {
-    if (accessible(obj)) wire::store_raw32(obj + offset, value);
+    if (accessible(obj) && covers(obj, offset, kAddrLen)) wire::store_raw32(obj + offset, value);
 }
 
-// The P2MP fields lie behind the 12 bytes of a C-Type 1 or 7 object; the accessors do not
-// check the C-Type, and on such an object they reach past its end on purpose.
+// The P2MP fields lie behind the 12 bytes of a C-Type 1 or 7 object; the accessors check
+// neither the C-Type nor the Length, and on such an object they reach past its end on purpose.
 uint32_t get_sg_origin(uint8_t *obj) {
-    return get_raw32(obj, kSgOriginOffset);  // deliberate read past a 12-byte object
+    return accessible(obj) ? wire::load_raw32(obj + kSgOriginOffset) : 0;  // deliberate read
 }
 
 uint16_t get_sg_id(uint8_t *obj) {
-    return get_be16(obj, kSgIdOffset);  // deliberate read past a 12-byte object
+    return accessible(obj) ? wire::load_be16(obj + kSgIdOffset) : 0;  // deliberate read
 }
 
 void set_sg_origin(uint8_t *obj, uint32_t sg_originator) {
-    set_raw32(obj, kSgOriginOffset, sg_originator);  // deliberate write past a 12-byte object
+    if (accessible(obj))
+        wire::store_raw32(obj + kSgOriginOffset, sg_originator);  // deliberate write
 }
 
 // One sender's identifying fields in host order; all 0 when the object fails validation.
@@ -156,10 +165,10 @@ struct SenderKey {
 SenderKey sender_key(uint8_t *obj) {
     SenderKey k;
     if (!accessible(obj)) return k;
-    k.addr = wire::load_be32(obj + kAddrOffset);
-    k.port = wire::load_be16(obj + kPortOffset);
-    // A SENDER_TEMPLATE or FILTER_SPEC of C-Type 12 that validates is 20 bytes long; the
-    // Length test only matters for another class that happens to use C-Type 12.
+    // A SENDER_TEMPLATE or FILTER_SPEC that validates covers all its fields; the Length tests
+    // only matter for a shorter object of another class.
+    if (covers(obj, kAddrOffset, kAddrLen)) k.addr = wire::load_be32(obj + kAddrOffset);
+    if (covers(obj, kPortOffset, kPortLen)) k.port = wire::load_be16(obj + kPortOffset);
     if (obj_ctype(obj) == kP2mp && obj_length(obj) >= kP2mpLen) {
         k.sg_origin = wire::load_be32(obj + kSgOriginOffset);
         k.sg_id = wire::load_be16(obj + kSgIdOffset);

@@ -1,10 +1,11 @@
 // Field access behind the generic validity test.
 //
-// Many single-field accessors act on any object that rsvp_valid_object accepts, whatever its
-// class: the dispatch goes by Class-Num, and the accessor then reads or writes its fixed
-// offset. A valid object that is shorter than that offset (one of another class, or an IF_ID
-// RSVP_HOP below 12 bytes, which validates as it stands) is reached past its end on purpose:
-// the caller named the field.
+// Many single-field accessors act only on an object that rsvp_valid_object accepts, whatever
+// its class. A valid object of another class (or an IF_ID RSVP_HOP below 12 bytes, which
+// validates as it stands) may be shorter than the field the accessor names, so the accessor
+// also needs the object's Length to cover that field: nothing is read or written behind the
+// object, and such a short object answers as an invalid one would (an RSVP_SET_ERROR_CODE on
+// an 8-byte TIME_VALUES writes nothing).
 #pragma once
 
 #include <cstdint>
@@ -13,9 +14,9 @@
 
 namespace rsvp {
 
-// True when rsvp_valid_object answers exactly 1 for obj (0 for null, invalid or unknown).
-inline bool valid_any(uint8_t *obj) {
-    return rsvp_valid_object(obj) == RSVP_OBJECT_VALID;
+// True when rsvp_valid_object answers 1 for obj and its Length reaches field_end.
+inline bool valid_holds(uint8_t *obj, unsigned field_end) {
+    return rsvp_valid_object(obj) == RSVP_OBJECT_VALID && obj_length(obj) >= field_end;
 }
 
 }  // namespace rsvp
