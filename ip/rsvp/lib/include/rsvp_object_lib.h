@@ -169,8 +169,6 @@ RSVP_API uint32_t rsvp_valid_object(uint8_t *obj);
  * Object families. Each family keeps its constants, records and functions together.
  * ====================================================================================== */
 
-/* @@family:session@@ */
-
 /* ======================================================================================
  * SESSION (Class-Num 1). Addresses and the Extended Tunnel ID cross in wire order; ports,
  * Tunnel IDs and the P2MP ID in host order.
@@ -263,7 +261,7 @@ RSVP_API int rsvp_session_gen_is_family_tunnel(uint8_t *obj);
  * session, and a zero Extended Tunnel ID of the other kinds, match any value. */
 RSVP_API int rsvp_compare_sessions(uint8_t *a, uint8_t *b);
 
-/* @@family:hop@@ */
+/* ---- RSVP_HOP (class 3): IPv4 and IF_ID with its TLVs ---- */
 enum {
     RSVP_CTYPE_RSVP_HOP_IPV4 = 1,
     RSVP_CTYPE_RSVP_HOP_IF_ID_IPV4 = 3,
@@ -362,7 +360,7 @@ RSVP_API uint16_t RSVP_HOP_SUBOBJ_GENERIC_TYPE(uint8_t *tlv);
 /* Length (host order) of a valid TLV; 0 otherwise. */
 RSVP_API uint16_t RSVP_HOP_SUBOBJ_GENERIC_LENGTH(uint8_t *tlv);
 
-/* @@family:basic@@ */
+/* ---- TIME_VALUES, RESV_CONFIRM, SCOPE, STYLE and POLICY_DATA (classes 5, 15, 7, 8, 14) ---- */
 enum {
     RSVP_CTYPE_TIME_VALUES = 1,
     RSVP_CTYPE_RESV_CONFIRM_IPV4 = 1,
@@ -424,7 +422,7 @@ RSVP_API int rsvp_valid_policy(uint8_t *obj);
 /* 1, pointer to the data in obj and its length (Length - 4); 0, outputs untouched, else. */
 RSVP_API int rsvp_extract_policy(uint8_t *obj, uint8_t **data, uint16_t *data_len);
 
-/* @@family:error_spec@@ */
+/* ---- ERROR_SPEC (class 6) ---- */
 enum {
     RSVP_CTYPE_ERROR_SPEC_IPV4 = 1,
     RSVP_ERROR_SPEC_IPV4_LEN = 12
@@ -450,8 +448,6 @@ RSVP_API void RSVP_SET_ERROR_CODE(uint8_t *obj, uint8_t code);
 RSVP_API uint16_t RSVP_ERROR_VALUE(uint8_t *obj);
 /* -1/0/1 by node (host order), code, value, flags; invalid counts as 0, a lone null first. */
 RSVP_API int rsvp_compare_errors(uint8_t *a, uint8_t *b);
-
-/* @@family:sender@@ */
 
 /* ======================================================================================
  * SENDER_TEMPLATE (Class-Num 11) and FILTER_SPEC (Class-Num 10): one layout per C-Type.
@@ -537,7 +533,7 @@ RSVP_API int rsvp_compare_templates(uint8_t *a, uint8_t *b);
 /* Twin of rsvp_compare_templates. */
 RSVP_API int rsvp_compare_filters(uint8_t *a, uint8_t *b);
 
-/* @@family:integrity@@ */
+/* ---- INTEGRITY and CHALLENGE (classes 4 and 64) ---- */
 enum {
     RSVP_CTYPE_INTEGRITY = 1,
     RSVP_CTYPE_CHALLENGE = 1,
@@ -575,7 +571,7 @@ RSVP_API uint8_t *RSVP_CHALLENGE_KEY_ID_PTR(uint8_t *obj);
 /* Pointer to the cookie (offset 12) of a valid object; NULL otherwise. */
 RSVP_API uint8_t *RSVP_CHALLENGE_COOKIE_PTR(uint8_t *obj);
 
-/* @@family:intserv@@ */
+/* ---- Intserv body and SENDER_TSPEC (class 12, C-Type 2) ---- */
 /* Intserv body (RFC 2210) of SENDER_TSPEC, FLOWSPEC and ADSPEC C-Type 2: floats on the wire,
  * signed 64-bit integers here (converted by ieee_to_int64 / int64_to_ieee), lengths inside the
  * body in 32-bit words. (C-Types 4 and 5 of classes 9 and 12: GMPLS traffic parameters.) */
@@ -687,7 +683,7 @@ RSVP_API uint32_t RSVP_INTSRV_REAL_OBJECT_VALUE(uint8_t *param);
 /* Writes raw float bits into the value word; nothing for NULL. */
 RSVP_API void RSVP_INTSRV_REAL_OBJECT_SET_VALUE(uint8_t *param, uint32_t bits);
 
-/* @@family:flowspec@@ */
+/* ---- FLOWSPEC (class 9, C-Type 2) and flowspec merging ---- */
 /* FLOWSPEC C-Type 2. The QoS codes of the interface differ from the wire service numbers:
  * Guaranteed 3 (wire 2), Controlled-Load 5 (wire 5), qualitative 6 (wire 6). */
 enum { RSVP_QOS_GUARANTEED = 3, RSVP_QOS_CONTROLLED_LOAD = 5, RSVP_QOS_QUALITATIVE = 6 };
@@ -762,7 +758,7 @@ RSVP_API int64_t RSVP_FLOWSPEC_RSPEC_REQ_RATE(uint8_t *frag);
 /* Slack term S (Guaranteed fragment +36); 0 for NULL. */
 RSVP_API uint32_t RSVP_FLOWSPEC_RSPEC_SLACK(uint8_t *frag);
 
-/* @@family:adspec@@ */
+/* ---- ADSPEC (class 13) ---- */
 /* ADSPEC C-Type 2: the Intserv body of path characterisation, a general parameters fragment
  * (service 1) then optional Guaranteed and Controlled-Load fragments. */
 enum { RSVP_CTYPE_ADSPEC_INTSERV = 2 };
@@ -840,7 +836,7 @@ RSVP_API uint32_t RSVP_SBM_DSBM_IPV4_ADDR(uint8_t *obj);
 RSVP_API uint32_t RSVP_SBM_LAN_LOOPBACK_IPV4_ADDR(uint8_t *obj);
 
 
-/* @@family:gmpls_traffic@@ */
+/* ---- G.709 OTN and SONET/SDH traffic parameters (classes 12 and 9, C-Types 5 and 4) ---- */
 
 /* GMPLS traffic parameters carried by SENDER_TSPEC (class 12) and FLOWSPEC (class 9): the
  * TSPEC and FLOWSPEC forms are the same 16 bytes apart from the class. */
@@ -898,7 +894,7 @@ RSVP_API int rsvp_extract_uni_sonet_sdh_flowspec(uint8_t *obj, uint8_t *signal_t
                                                  uint16_t *nvc_out, uint16_t *multiplier_out,
                                                  uint32_t *transparency_out);
 
-/* @@family:explicit_route@@ */
+/* ---- EXPLICIT_ROUTE (class 20) and the route subobject header ---- */
 /* Route subobjects (EXPLICIT_ROUTE, RECORD_ROUTE, EXCLUDE_ROUTE): a type byte and a length
  * byte that counts this 2-byte header. EXPLICIT_ROUTE and EXCLUDE_ROUTE put the L bit in front
  * of a 7-bit type; RECORD_ROUTE has no L bit and takes the whole first byte as the type. The
@@ -971,8 +967,6 @@ RSVP_API void RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX_LEN(uint8_t *sub, uint8_t prefix_l
 /* obj + 4 when rsvp_valid_object answers 1 for the object; NULL otherwise. */
 RSVP_API uint8_t *RSVP_ERO_FIRST_SUBOBJ(uint8_t *obj);
 
-
-/* @@family:record_route@@ */
 
 /* ======================================================================================
  * RECORD_ROUTE (Class-Num 21): the hops a message crossed, newest first. A subobject is
@@ -1067,7 +1061,7 @@ RSVP_API uint8_t RSVP_RRO_GENERIC_TYPE(uint8_t *sub);
 /* Length byte of a valid RECORD_ROUTE subobject; 0 for an invalid one. */
 RSVP_API uint8_t RSVP_RRO_GENERIC_LENGTH(uint8_t *sub);
 
-/* @@family:exclude_route@@ */
+/* ---- EXCLUDE_ROUTE (class 232) ---- */
 /* EXCLUDE_ROUTE (class 232). The L bit is 0 or 1 at this interface, 0x80 on the wire. The
  * unnumbered interface subobject is type 6 in this object. */
 enum { RSVP_CTYPE_EXCLUDE_ROUTE_SUBOBJECTS = 1 };

@@ -28,35 +28,23 @@ consteval void put(Table &table, unsigned class_num, Validator validate) {
 consteval Table build_table() {
     Table t{};
     // One row per known class, grouped by family; each family adds its rows when it lands.
-    (void)put;
-    // @@rows:session@@
     put(t, RSVP_CLASS_SESSION, rsvp_valid_session_ipv4);
-    // @@rows:hop@@
     put(t, RSVP_CLASS_RSVP_HOP, rsvp_valid_hop);
-    // @@rows:basic@@
     put(t, RSVP_CLASS_TIME_VALUES, rsvp_valid_refresh);
     put(t, RSVP_CLASS_SCOPE, rsvp_valid_scope_ipv4);
     put(t, RSVP_CLASS_STYLE, rsvp_valid_style);
     put(t, RSVP_CLASS_POLICY_DATA, rsvp_valid_policy);
     put(t, RSVP_CLASS_RESV_CONFIRM, rsvp_valid_confirm_ipv4);
-    // @@rows:error_spec@@
     put(t, RSVP_CLASS_ERROR_SPEC, rsvp_valid_error_ipv4);
-    // @@rows:sender@@
     put(t, RSVP_CLASS_FILTER_SPEC, rsvp_valid_filter_gen_ipv4);
     put(t, RSVP_CLASS_SENDER_TEMPLATE, rsvp_valid_template_gen_ipv4);
-    // @@rows:integrity@@
     put(t, RSVP_CLASS_INTEGRITY, rsvp_valid_integrity);
     put(t, RSVP_CLASS_CHALLENGE, rsvp_valid_challenge);
-    // @@rows:intserv@@
     put(t, RSVP_CLASS_FLOWSPEC, rsvp_valid_gen_flowspec);
     put(t, RSVP_CLASS_SENDER_TSPEC, rsvp_valid_gen_tspec);
-    // @@rows:adspec@@
     put(t, RSVP_CLASS_ADSPEC, rsvp_valid_adspec);
-    // @@rows:explicit_route@@
     put(t, RSVP_CLASS_EXPLICIT_ROUTE, rsvp_valid_explicit_route);
-    // @@rows:record_route@@
     put(t, RSVP_CLASS_RECORD_ROUTE, rsvp_valid_record_route);
-    // @@rows:exclude_route@@
     put(t, RSVP_CLASS_EXCLUDE_ROUTE, rsvp_valid_xro);
     return t;
 }
