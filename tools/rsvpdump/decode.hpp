@@ -42,6 +42,9 @@ Decoder find_decoder(uint8_t class_num, uint8_t c_type);
 // Name of a Class-Num for the object line ("SESSION"), or nullptr for a class without one.
 const char *class_name(uint8_t class_num);
 
+// Name of an Intserv service number ("Guaranteed", ...), "unknown" for others.
+const char *intserv_service_name(unsigned service);
+
 // Dotted quad of a wire-order address (a fresh string, safe to use twice in one line).
 std::string addr(uint32_t wire_order);
 

@@ -9,19 +9,6 @@ namespace {
 
 constexpr unsigned kWord = 4;
 
-const char *service_name(unsigned service) {
-    switch (service) {
-        case RSVP_INTSRV_SERVICE_GENERAL:
-            return "general";
-        case RSVP_INTSRV_SERVICE_GUARANTEED:
-            return "Guaranteed";
-        case RSVP_INTSRV_SERVICE_CONTROLLED_LOAD:
-            return "Controlled-Load";
-        default:
-            return "unknown";
-    }
-}
-
 void print_param(uint8_t *param, rsvpdump::Out &out) {
     const unsigned id = RSVP_INTSRV_INTEGER_OBJECT_PARAM_ID(param);
     const uint32_t value = RSVP_INTSRV_INTEGER_OBJECT_VALUE(param);
@@ -65,8 +52,9 @@ void print_param(uint8_t *param, rsvpdump::Out &out) {
 void print_fragment(uint8_t *frag, rsvpdump::Out &out) {
     const unsigned service = RSVP_ADSPEC_FRAG_HDR_SERVICE_ID(frag);
     const unsigned words = RSVP_ADSPEC_FRAG_HDR_SERVICE_LENGTH(frag);
-    out.line("%s fragment (service %u) break byte 0x%02x, %u words", service_name(service), service,
-             RSVP_ADSPEC_FRAG_HDR_BREAK_BIT(frag), words);
+    out.line("%s fragment (service %u) break byte 0x%02x, %u words",
+             rsvpdump::intserv_service_name(service), service, RSVP_ADSPEC_FRAG_HDR_BREAK_BIT(frag),
+             words);
     uint8_t *param = RSVP_ADSPEC_FRAG_HDR_FIRST_OBJECT(frag);
     unsigned left = words;
     while (left > 0) {

@@ -15,21 +15,6 @@ constexpr unsigned kWord = 4;
 constexpr unsigned kPeakOffset = 16;
 constexpr unsigned kValueOffset = 4;
 
-const char *service_name(unsigned service) {
-    switch (service) {
-        case RSVP_INTSRV_SERVICE_GENERAL:
-            return "general";
-        case RSVP_INTSRV_SERVICE_GUARANTEED:
-            return "Guaranteed";
-        case RSVP_INTSRV_SERVICE_CONTROLLED_LOAD:
-            return "Controlled-Load";
-        case RSVP_INTSRV_SERVICE_QUALITATIVE:
-            return "qualitative";
-        default:
-            return "unknown";
-    }
-}
-
 // The peak rate may be +infinity; it is judged on its raw float bits, as the library does.
 std::string peak_text(uint8_t *frag) {
     const uint32_t bits = RSVP_INTSRV_REAL_OBJECT_VALUE(frag + kPeakOffset - kValueOffset);
@@ -46,7 +31,7 @@ void print_token_bucket(uint8_t *frag, rsvpdump::Out &out) {
 
 void print_fragment(uint8_t *frag, rsvpdump::Out &out) {
     const unsigned service = RSVP_INTSRV_SERVICE_ID(frag);
-    out.line("service %u %s, %u words", service, service_name(service),
+    out.line("service %u %s, %u words", service, rsvpdump::intserv_service_name(service),
              RSVP_INTSRV_SERVICE_LENGTH(frag));
     switch (service) {
         case RSVP_INTSRV_SERVICE_GENERAL:
@@ -83,7 +68,7 @@ void decode_flowspec(uint8_t *obj, rsvpdump::Out &out) {
     uint8_t *frag = RSVP_FLOWSPEC_FRAGMENTS_PTR(obj, 0);
     if (rsvp_get_flow_qos_service(obj) == RSVP_QOS_QUALITATIVE) {
         out.line("service %u %s", RSVP_INTSRV_SERVICE_QUALITATIVE,
-                 service_name(RSVP_INTSRV_SERVICE_QUALITATIVE));
+                 rsvpdump::intserv_service_name(RSVP_INTSRV_SERVICE_QUALITATIVE));
         return;
     }
     print_fragment(frag, out);

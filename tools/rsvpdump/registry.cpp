@@ -87,6 +87,21 @@ const char *class_name(uint8_t class_num) {
     return nullptr;
 }
 
+const char *intserv_service_name(unsigned service) {
+    switch (service) {
+        case RSVP_INTSRV_SERVICE_GENERAL:
+            return "general";
+        case RSVP_INTSRV_SERVICE_GUARANTEED:
+            return "Guaranteed";
+        case RSVP_INTSRV_SERVICE_CONTROLLED_LOAD:
+            return "Controlled-Load";
+        case RSVP_INTSRV_SERVICE_QUALITATIVE:
+            return "qualitative";
+        default:
+            return "unknown";
+    }
+}
+
 std::string addr(uint32_t wire_order) {
     return inet_ntoa_r(wire_order);
 }

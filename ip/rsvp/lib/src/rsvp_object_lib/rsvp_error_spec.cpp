@@ -41,11 +41,6 @@ OrderKey order_key(uint8_t *obj) {
     return k;
 }
 
-template <typename T>
-int three_way(T a, T b) {
-    return a < b ? -1 : (a > b ? 1 : 0);
-}
-
 }  // namespace
 
 extern "C" {

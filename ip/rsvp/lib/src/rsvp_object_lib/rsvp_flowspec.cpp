@@ -85,10 +85,6 @@ bool valid_controlled_load(const uint8_t *obj) {
                                      kTbFragWords);
 }
 
-int order(uint64_t a, uint64_t b) {
-    return a < b ? -1 : a > b ? 1 : 0;
-}
-
 }  // namespace
 
 extern "C" {
@@ -220,13 +216,13 @@ uint32_t rsvp_get_flow_slack(uint8_t *obj) {
 }
 
 int rsvp_compare_flowspecs(uint8_t *a, uint8_t *b) {
-    return order(static_cast<uint64_t>(rsvp_get_flow_average_rate(a)),
-                 static_cast<uint64_t>(rsvp_get_flow_average_rate(b)));
+    return three_way<uint64_t>(static_cast<uint64_t>(rsvp_get_flow_average_rate(a)),
+                               static_cast<uint64_t>(rsvp_get_flow_average_rate(b)));
 }
 
 int rsvp_compare_tspec_with_flowspec(uint8_t *tspec, uint8_t *flowspec) {
-    return order(static_cast<uint64_t>(rsvp_get_average_rate(tspec)),
-                 static_cast<uint64_t>(rsvp_get_flow_average_rate(flowspec)));
+    return three_way<uint64_t>(static_cast<uint64_t>(rsvp_get_average_rate(tspec)),
+                               static_cast<uint64_t>(rsvp_get_flow_average_rate(flowspec)));
 }
 
 uint8_t RSVP_FLOWSPEC_HEADER_VERSION(uint8_t *obj) {

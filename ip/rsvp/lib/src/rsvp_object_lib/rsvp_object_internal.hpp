@@ -54,4 +54,10 @@ inline bool obj_is(const uint8_t *obj, uint8_t class_num, uint8_t c_type) {
     return obj_class(obj) == class_num && obj_ctype(obj) == c_type;
 }
 
+// -1, 0 or 1 as a sorts before, with or after b: the step of every ordering.
+template <typename T>
+inline int three_way(T a, T b) {
+    return a < b ? -1 : (a > b ? 1 : 0);
+}
+
 }  // namespace rsvp

@@ -176,23 +176,19 @@ SenderKey sender_key(uint8_t *obj) {
     return k;
 }
 
-int order(uint32_t a, uint32_t b) {
-    return a < b ? -1 : (a > b ? 1 : 0);
-}
-
 // No wildcard here: a port of 0 is an ordinary value, unlike in the session order.
 int compare_senders(uint8_t *a, uint8_t *b) {
     if (a == b) return 0;
     if (!a) return -1;
     if (!b) return 1;
-    if (int c = order(obj_ctype(a), obj_ctype(b))) return c;
+    if (int c = three_way<uint32_t>(obj_ctype(a), obj_ctype(b))) return c;
     const SenderKey ka = sender_key(a);
     const SenderKey kb = sender_key(b);
-    if (int c = order(ka.addr, kb.addr)) return c;
-    if (int c = order(ka.port, kb.port)) return c;
+    if (int c = three_way<uint32_t>(ka.addr, kb.addr)) return c;
+    if (int c = three_way<uint32_t>(ka.port, kb.port)) return c;
     if (obj_ctype(a) != kP2mp) return 0;
-    if (int c = order(ka.sg_origin, kb.sg_origin)) return c;
-    return order(ka.sg_id, kb.sg_id);
+    if (int c = three_way<uint32_t>(ka.sg_origin, kb.sg_origin)) return c;
+    return three_way<uint32_t>(ka.sg_id, kb.sg_id);
 }
 
 }  // namespace

@@ -80,10 +80,6 @@ void extract_tunnel_layout(const uint8_t *obj, uint16_t *tunnel_id, uint32_t *ex
     *ext_id = wire::load_raw32(obj + kExtIdOffset);
 }
 
-int order(uint32_t a, uint32_t b) {
-    return a < b ? -1 : (a > b ? 1 : 0);
-}
-
 }  // namespace
 
 extern "C" {
@@ -270,27 +266,30 @@ int rsvp_session_gen_is_family_tunnel(uint8_t *obj) {
 int rsvp_compare_sessions(uint8_t *a, uint8_t *b) {
     if (a == b) return 0;
     const uint8_t c_type = ctype_of(a);
-    if (int c = order(c_type, ctype_of(b))) return c;
+    if (int c = three_way<uint32_t>(c_type, ctype_of(b))) return c;
     // Equal C-Types, so both objects are present unless both C-Types are 0.
     switch (c_type) {
         case kIpv4: {
-            if (int c = order(wire::load_be32(a + kAddrOffset), wire::load_be32(b + kAddrOffset)))
+            if (int c = three_way<uint32_t>(wire::load_be32(a + kAddrOffset),
+                                            wire::load_be32(b + kAddrOffset)))
                 return c;
-            if (int c = order(a[kProtocolOffset], b[kProtocolOffset])) return c;
+            if (int c = three_way<uint32_t>(a[kProtocolOffset], b[kProtocolOffset])) return c;
             const uint16_t port_a = wire::load_be16(a + kPortOffset);
             const uint16_t port_b = wire::load_be16(b + kPortOffset);
-            return port_a == 0 || port_b == 0 ? 0 : order(port_a, port_b);
+            return port_a == 0 || port_b == 0 ? 0 : three_way<uint32_t>(port_a, port_b);
         }
         case kTunnel4:
         case kUni4:
         case kP2mp4: {
-            if (int c = order(wire::load_be32(a + kAddrOffset), wire::load_be32(b + kAddrOffset)))
+            if (int c = three_way<uint32_t>(wire::load_be32(a + kAddrOffset),
+                                            wire::load_be32(b + kAddrOffset)))
                 return c;
-            if (int c = order(wire::load_be16(a + kPortOffset), wire::load_be16(b + kPortOffset)))
+            if (int c = three_way<uint32_t>(wire::load_be16(a + kPortOffset),
+                                            wire::load_be16(b + kPortOffset)))
                 return c;
             const uint32_t ext_a = wire::load_be32(a + kExtIdOffset);
             const uint32_t ext_b = wire::load_be32(b + kExtIdOffset);
-            return ext_a == 0 || ext_b == 0 ? 0 : order(ext_a, ext_b);
+            return ext_a == 0 || ext_b == 0 ? 0 : three_way<uint32_t>(ext_a, ext_b);
         }
         default:
             return 0;
