@@ -194,8 +194,8 @@ RSVP_API void rsvp_build_session_ipv4(uint8_t *obj, uint32_t dest_addr, uint8_t 
 RSVP_API void rsvp_build_session_lsp_tunnel_ipv4(uint8_t *obj, uint32_t end_point,
                                                  uint16_t tunnel_id, uint32_t ext_tunnel_id);
 /* Writes a 16-byte P2MP LSP IPv4 SESSION (C-Type 13); the P2MP ID is a host-order number. */
-RSVP_API void rsvp_build_session_p2mp_lsp_ipv4(uint8_t *obj, uint32_t p2mp_id,
-                                               uint16_t tunnel_id, uint32_t ext_tunnel_id);
+RSVP_API void rsvp_build_session_p2mp_lsp_ipv4(uint8_t *obj, uint32_t p2mp_id, uint16_t tunnel_id,
+                                               uint32_t ext_tunnel_id);
 /* Writes a 16-byte UNI IPv4 SESSION (C-Type 9), reserved field 0. */
 RSVP_API void rsvp_build_session_uni_ipv4(uint8_t *obj, uint32_t dest_addr, uint16_t tunnel_id,
                                           uint32_t ext_tunnel_id);
@@ -209,8 +209,8 @@ RSVP_API int rsvp_extract_session_lsp_tunnel_ipv4(uint8_t *obj, uint32_t *end_po
 RSVP_API int rsvp_extract_session_p2mp_lsp_ipv4(uint8_t *obj, uint32_t *p2mp_id,
                                                 uint16_t *tunnel_id, uint32_t *ext_tunnel_id);
 /* 1 and the fields of a valid C-Type 9 SESSION; 0 with the outputs untouched otherwise. */
-RSVP_API int rsvp_extract_session_uni_ipv4(uint8_t *obj, uint32_t *dest_addr,
-                                           uint16_t *tunnel_id, uint32_t *ext_tunnel_id);
+RSVP_API int rsvp_extract_session_uni_ipv4(uint8_t *obj, uint32_t *dest_addr, uint16_t *tunnel_id,
+                                           uint32_t *ext_tunnel_id);
 /* 1 for a valid IPv4 SESSION of C-Type 1, 7, 9 or 13; 0 otherwise (and for NULL). Tunnel and
  * UNI sessions whose Extended Tunnel ID equals their end point address are invalid. */
 RSVP_API int rsvp_valid_session_ipv4(uint8_t *obj);
@@ -270,12 +270,12 @@ enum {
     RSVP_HOP_IF_ID_TLV_OFFSET = 12,
     /* IF_ID TLV: 16-bit type, 16-bit length (header included), value. */
     RSVP_HOP_IF_ID_TLV_HDR_LEN = 4,
-    RSVP_HOP_IF_ID_TLV_IPV4 = 1,            /* IPv4 interface address */
-    RSVP_HOP_IF_ID_TLV_INDEX = 3,           /* interface index, forward and reverse */
-    RSVP_HOP_IF_ID_TLV_COMPONENT_FWD = 4,   /* component interface, forward */
-    RSVP_HOP_IF_ID_TLV_COMPONENT_REV = 5,   /* component interface, reverse */
-    RSVP_HOP_IF_ID_TLV_IPV4_LEN = 8,        /* address */
-    RSVP_HOP_IF_ID_TLV_INDEX_LEN = 12,      /* address and interface ID (types 3, 4, 5) */
+    RSVP_HOP_IF_ID_TLV_IPV4 = 1,          /* IPv4 interface address */
+    RSVP_HOP_IF_ID_TLV_INDEX = 3,         /* interface index, forward and reverse */
+    RSVP_HOP_IF_ID_TLV_COMPONENT_FWD = 4, /* component interface, forward */
+    RSVP_HOP_IF_ID_TLV_COMPONENT_REV = 5, /* component interface, reverse */
+    RSVP_HOP_IF_ID_TLV_IPV4_LEN = 8,      /* address */
+    RSVP_HOP_IF_ID_TLV_INDEX_LEN = 12,    /* address and interface ID (types 3, 4, 5) */
     /* Kinds reported by rsvp_get_gmpls_hop_if_id_tlv. */
     RSVP_HOP_IF_ID_KIND_NONE = 0,
     RSVP_HOP_IF_ID_KIND_IPV4 = 1,
@@ -423,10 +423,7 @@ RSVP_API int rsvp_valid_policy(uint8_t *obj);
 RSVP_API int rsvp_extract_policy(uint8_t *obj, uint8_t **data, uint16_t *data_len);
 
 /* ---- ERROR_SPEC (class 6) ---- */
-enum {
-    RSVP_CTYPE_ERROR_SPEC_IPV4 = 1,
-    RSVP_ERROR_SPEC_IPV4_LEN = 12
-};
+enum { RSVP_CTYPE_ERROR_SPEC_IPV4 = 1, RSVP_ERROR_SPEC_IPV4_LEN = 12 };
 
 /* Writes ERROR_SPEC IPv4 (Length 12); returns obj. */
 RSVP_API uint8_t *rsvp_build_error_ipv4(uint8_t *obj, uint32_t node, uint8_t flags, uint8_t code,
@@ -489,8 +486,7 @@ RSVP_API int rsvp_extract_template_lsp_p2mp_ipv4(uint8_t *obj, uint32_t *sender,
 /* 1 and the fields of a valid C-Type 1 FILTER_SPEC; 0 with the outputs untouched. */
 RSVP_API int rsvp_extract_filter_ipv4(uint8_t *obj, uint32_t *source, uint16_t *port);
 /* 1 and the fields of a valid C-Type 7 FILTER_SPEC; 0 with the outputs untouched. */
-RSVP_API int rsvp_extract_filter_lsp_tunnel_ipv4(uint8_t *obj, uint32_t *sender,
-                                                 uint16_t *lsp_id);
+RSVP_API int rsvp_extract_filter_lsp_tunnel_ipv4(uint8_t *obj, uint32_t *sender, uint16_t *lsp_id);
 /* 1 and the fields of a valid C-Type 12 FILTER_SPEC; 0 with the outputs untouched. */
 RSVP_API int rsvp_extract_filter_lsp_p2mp_ipv4(uint8_t *obj, uint32_t *sender, uint16_t *lsp_id,
                                                uint32_t *sg_originator, uint16_t *sg_id);
@@ -612,8 +608,7 @@ RSVP_API int rsvp_valid_gen_tspec(uint8_t *obj);
 /* 1 after writing r b p m M of the service-1 fragment (all 0 without one); 0 and outputs
  * untouched when the object is invalid. */
 RSVP_API int rsvp_extract_tspec(uint8_t *obj, int64_t *rate_out, int64_t *depth_out,
-                                int64_t *peak_out, uint32_t *min_unit_out,
-                                uint32_t *max_unit_out);
+                                int64_t *peak_out, uint32_t *min_unit_out, uint32_t *max_unit_out);
 /* Token bucket rate r of the service-1 fragment; 0 without one. Does not validate. */
 RSVP_API int64_t rsvp_get_average_rate(uint8_t *obj);
 /* Token bucket depth b of the service-1 fragment; 0 without one. Does not validate. */
@@ -630,8 +625,7 @@ RSVP_API uint8_t *rsvp_find_intsrv_service(uint8_t *obj, uint8_t service_number)
 /* Writes an 8-byte single-word parameter holding the float bits as given; no result. */
 RSVP_API void rsvp_build_intsrv_real_object(uint8_t *param, uint8_t param_id, uint32_t value);
 /* Writes an 8-byte single-word parameter holding the integer; no result. */
-RSVP_API void rsvp_build_intsrv_integer_object(uint8_t *param, uint8_t param_id,
-                                               uint32_t value);
+RSVP_API void rsvp_build_intsrv_integer_object(uint8_t *param, uint8_t param_id, uint32_t value);
 /* Version nibble of the Intserv body; 0 unless rsvp_valid_object accepts the object. */
 RSVP_API uint8_t RSVP_TSPEC_HEADER_VERSION(uint8_t *obj);
 /* Overall length (words) of the Intserv body; 0 unless rsvp_valid_object accepts it. */
@@ -835,7 +829,6 @@ RSVP_API uint32_t RSVP_SBM_DSBM_IPV4_ADDR(uint8_t *obj);
 /* Wire-order IPv4 address at offset 4 of an SBM LAN_LOOPBACK object; 0 for NULL. */
 RSVP_API uint32_t RSVP_SBM_LAN_LOOPBACK_IPV4_ADDR(uint8_t *obj);
 
-
 /* ---- G.709 OTN and SONET/SDH traffic parameters (classes 12 and 9, C-Types 5 and 4) ---- */
 
 /* GMPLS traffic parameters carried by SENDER_TSPEC (class 12) and FLOWSPEC (class 9): the
@@ -967,7 +960,6 @@ RSVP_API void RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX_LEN(uint8_t *sub, uint8_t prefix_l
 /* obj + 4 when rsvp_valid_object answers 1 for the object; NULL otherwise. */
 RSVP_API uint8_t *RSVP_ERO_FIRST_SUBOBJ(uint8_t *obj);
 
-
 /* ======================================================================================
  * RECORD_ROUTE (Class-Num 21): the hops a message crossed, newest first. A subobject is
  * Type (the whole first byte: there is no L bit), Length (header included), then its body.
@@ -1009,8 +1001,8 @@ RSVP_API void rsvp_build_record_route(uint8_t *obj);
 RSVP_API uint8_t *rsvp_insert_record_route_ipv4(uint8_t *obj, uint32_t addr, uint8_t flags);
 /* Inserts an unnumbered interface subobject at the front (its reserved byte is not written);
  * obj, or NULL for a null obj. The caller guarantees 12 more bytes of room. */
-RSVP_API uint8_t *rsvp_insert_record_route_unnum(uint8_t *obj, uint32_t router_id,
-                                                 uint32_t if_id, uint8_t flags);
+RSVP_API uint8_t *rsvp_insert_record_route_unnum(uint8_t *obj, uint32_t router_id, uint32_t if_id,
+                                                 uint8_t flags);
 /* Inserts a label subobject at the front; obj, or NULL (nothing changed) for a null obj or
  * labels, or a count of 0. A count above 62 corrupts the object: its length byte wraps. */
 RSVP_API uint8_t *rsvp_insert_record_route_label(uint8_t *obj, const uint32_t *labels,
@@ -1018,8 +1010,7 @@ RSVP_API uint8_t *rsvp_insert_record_route_label(uint8_t *obj, const uint32_t *l
 /* Inserts an SRLG subobject at the front (identifiers written only for a non-null array);
  * obj, or NULL (nothing changed) for a null obj or a count above 62. Only objects of up to
  * 255 bytes are moved correctly: the move uses the low 8 bits of the object Length. */
-RSVP_API uint8_t *rsvp_insert_record_route_srlg(uint8_t *obj, const uint32_t *srlgs,
-                                                uint8_t count);
+RSVP_API uint8_t *rsvp_insert_record_route_srlg(uint8_t *obj, const uint32_t *srlgs, uint8_t count);
 /* 1 for a well-formed RECORD_ROUTE subobject, 0 otherwise (and for NULL). */
 RSVP_API int valid_record_route_subobject(uint8_t *sub);
 /* 1 for a well-formed RECORD_ROUTE whose subobjects end exactly at its end, else 0. */
