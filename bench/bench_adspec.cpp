@@ -2,6 +2,8 @@
 // Controlled-Load fragments (ns per object), beside a memcpy of the same bytes.
 #include <benchmark/benchmark.h>
 
+#include "bench_messages.hpp"
+
 #include <cstring>
 
 #include "rsvp_object_lib.h"
@@ -30,13 +32,7 @@ BENCHMARK(BM_ValidateExtractAdspec);
 
 void BM_MemcpyAdspec(benchmark::State &state) {
     Adspec a;
-    uint8_t dst[RSVP_ADSPEC_BASELINE_MAX_LEN];
-    for (auto _ : state) {
-        std::memcpy(dst, a.obj, sizeof dst);
-        benchmark::DoNotOptimize(dst);
-        benchmark::ClobberMemory();
-    }
-    state.SetLabel("ns/object");
+    rsvp_bench::memcpy_baseline(state, a.obj, RSVP_ADSPEC_BASELINE_MAX_LEN, "ns/object");
 }
 BENCHMARK(BM_MemcpyAdspec);
 

@@ -27,15 +27,8 @@ void BM_WalkAndValidatePath(benchmark::State &state) {
 BENCHMARK(BM_WalkAndValidatePath);
 
 void BM_MemcpyPath(benchmark::State &state) {
-    rsvp_test::Bytes msg = rsvp_bench::path_message();
-    rsvp_test::Bytes dst(msg.size());
-    for (auto _ : state) {
-        std::memcpy(dst.data(), msg.data(), msg.size());
-        benchmark::DoNotOptimize(dst.data());
-        benchmark::ClobberMemory();
-    }
-    state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * msg.size()));
-    state.SetLabel("ns/message");
+    const rsvp_test::Bytes msg = rsvp_bench::path_message();
+    rsvp_bench::memcpy_baseline(state, msg.data(), msg.size(), "ns/message");
 }
 BENCHMARK(BM_MemcpyPath);
 

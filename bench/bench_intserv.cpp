@@ -2,6 +2,8 @@
 // merging two flowspecs (ns per merge), each beside a memcpy of the same bytes.
 #include <benchmark/benchmark.h>
 
+#include "bench_messages.hpp"
+
 #include <cstring>
 
 #include "rsvp_object_lib.h"
@@ -36,13 +38,7 @@ BENCHMARK(BM_ValidateExtractGuaranteedFlowspec);
 
 void BM_MemcpyGuaranteedFlowspec(benchmark::State &state) {
     Flowspecs f;
-    uint8_t dst[RSVP_FLOWSPEC_MAX_LEN];
-    for (auto _ : state) {
-        std::memcpy(dst, f.gtd, RSVP_FLOWSPEC_GUARANTEED_LEN);
-        benchmark::DoNotOptimize(dst);
-        benchmark::ClobberMemory();
-    }
-    state.SetLabel("ns/object");
+    rsvp_bench::memcpy_baseline(state, f.gtd, RSVP_FLOWSPEC_GUARANTEED_LEN, "ns/object");
 }
 BENCHMARK(BM_MemcpyGuaranteedFlowspec);
 
