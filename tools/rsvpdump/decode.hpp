@@ -1,33 +1,16 @@
 // rsvpdump's decoders: one per object class, each in the file of its family.
 //
-// A family file defines a function that prints the fields of a valid object of its class and
-// registers it with RSVPDUMP_DECODER; main() calls it for every object that rsvp_valid_object
-// accepts. Decoders use the library's public functions only.
+// A family file defines a function that states the fields of a valid object of its class to an
+// Out sink (out.hpp) and registers it with RSVPDUMP_DECODER; main() calls it for every object
+// that rsvp_valid_object accepts. Decoders use the library's public functions only.
 #pragma once
 
-#include <cstdarg>
 #include <cstdint>
-#include <cstdio>
 #include <string>
 
+#include "out.hpp"
+
 namespace rsvpdump {
-
-// Where a decoder writes: one indented line per call.
-class Out {
-  public:
-    explicit Out(std::FILE *f) : f_(f) {}
-    __attribute__((format(printf, 2, 3))) void line(const char *fmt, ...) {
-        std::fputs("      ", f_);
-        va_list ap;
-        va_start(ap, fmt);
-        std::vfprintf(f_, fmt, ap);
-        va_end(ap);
-        std::fputc('\n', f_);
-    }
-
-  private:
-    std::FILE *f_;
-};
 
 using Decoder = void (*)(uint8_t *obj, Out &out);
 

@@ -1,30 +1,29 @@
 // The small fixed objects: refresh period, confirmation receiver, scope sources, reservation
 // style and policy data.
-#include <string>
-
 #include "decode.hpp"
 #include "rsvp_object_lib.h"
 
 namespace {
 
-using rsvpdump::addr;
-
 void decode_refresh(uint8_t *obj, rsvpdump::Out &out) {
-    out.line("refresh period %u ms", RSVP_REFRESH_TIME(obj));
+    out.line().text("refresh period ").u("refresh_ms", RSVP_REFRESH_TIME(obj)).text(" ms");
 }
 
 void decode_confirm(uint8_t *obj, rsvpdump::Out &out) {
     uint32_t receiver = 0;
     if (rsvp_extract_confirm_ipv4(obj, &receiver))
-        out.line("confirm to receiver %s", addr(receiver).c_str());
+        out.line().text("confirm to receiver ").addr("receiver", receiver);
 }
 
 void decode_scope(uint8_t *obj, rsvpdump::Out &out) {
     const int count = (RSVP_OBJECT_LENGTH(obj) - RSVP_OBJ_HDR_LEN) / 4;
-    std::string sources;
-    for (int i = 0; i < count; ++i)
-        sources += (i ? ", " : "") + addr(RSVP_SCOPE_IPV4_ADDR(obj, i));
-    out.line("scope %d source%s: %s", count, count == 1 ? "" : "s", sources.c_str());
+    out.line().text("scope ").u("count", count).text(count == 1 ? " source: " : " sources: ");
+    out.open_list("sources");
+    for (int i = 0; i < count; ++i) {
+        out.open_item().text(i ? ", " : "").addr("address", RSVP_SCOPE_IPV4_ADDR(obj, i));
+        out.close();
+    }
+    out.close();
 }
 
 const char *style_name(uint8_t style) {
@@ -41,15 +40,22 @@ const char *style_name(uint8_t style) {
 void decode_style(uint8_t *obj, rsvpdump::Out &out) {
     uint8_t style = 0;
     if (!rsvp_extract_style(obj, &style)) return;
-    out.line("style %s, %s sender selection", style_name(style),
-             rsvp_style_explicit(obj) ? "explicit" : "wildcard");
+    const bool explicit_selection = rsvp_style_explicit(obj) != 0;
+    out.line().text("style ").str("style", style_name(style)).text(", ");
+    out.flag("explicit", explicit_selection)
+        .text(explicit_selection ? "explicit" : "wildcard")
+        .text(" sender selection");
 }
 
 void decode_policy(uint8_t *obj, rsvpdump::Out &out) {
     uint8_t *data = nullptr;
     uint16_t length = 0;
     if (rsvp_extract_policy(obj, &data, &length))
-        out.line("policy data length %u: %s", length, rsvpdump::hex_bytes(data, length).c_str());
+        out.line()
+            .text("policy data length ")
+            .u("length", length)
+            .text(": ")
+            .bytes("data", data, length);
 }
 
 }  // namespace

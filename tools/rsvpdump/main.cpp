@@ -6,6 +6,7 @@
 // run, an object its class rejects) is reported on standard error naming the line, and the
 // tool goes on; the exit status is 1 if any input was malformed, 2 on a usage error.
 #include <cctype>
+#include <cstdarg>
 #include <cstdio>
 #include <cstring>
 #include <fstream>
@@ -109,7 +110,7 @@ bool dump_message(const Source &src, std::vector<uint8_t> &msg) {
     uint8_t *first = RSVP_MESSAGE_FIRST_OBJECT_PTR(m);
     const uint32_t obj_len = RSVP_MESSAGE_OBJ_LEN(m);
     uint32_t remaining = obj_len;
-    rsvpdump::Out out(stdout);
+    rsvpdump::Out out;
     // remaining always counts from the object to look at next to the end of the message.
     while (remaining > 0) {
         const uint32_t offset = RSVP_MSG_HDR_LEN + (obj_len - remaining);
@@ -139,6 +140,7 @@ bool dump_message(const Source &src, std::vector<uint8_t> &msg) {
             if (rsvpdump::Decoder decode =
                     rsvpdump::find_decoder(cls, static_cast<uint8_t>(RSVP_OBJECT_C_TYPE(obj))))
                 decode(obj, out);
+            out.write(stdout);
         }
         rsvp_next_nonnull_object(obj, &remaining);
     }
