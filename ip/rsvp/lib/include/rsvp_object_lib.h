@@ -1117,6 +1117,190 @@ RSVP_API uint8_t RSVP_XRO_SUB_LBIT(uint8_t *sub);
 /* Type of a subobject, L bit masked off; 0 for NULL. */
 RSVP_API uint8_t RSVP_XRO_SUB_TYPE(uint8_t *sub);
 
+/* ======================================================================================
+ * LABEL_REQUEST (class 19) and labels: LABEL (16), RECOVERY_LABEL (34), UPSTREAM_LABEL (35),
+ * SUGGESTED_LABEL (129). Labels, L3PIDs and G-PIDs cross in host order. A generalized label
+ * is any number of 32-bit words; classes 16, 34, 35, 129 and 235 (the LSP wrap label) may
+ * carry one, and the generalized functions refuse every other class.
+ * ====================================================================================== */
+enum {
+    RSVP_CTYPE_LABEL = 1,
+    RSVP_CTYPE_LABEL_GENERALIZED = 2,
+    RSVP_CTYPE_RECOVERY_LABEL_GENERALIZED = 2,
+    RSVP_CTYPE_UPSTREAM_LABEL_GENERALIZED = 2,
+    RSVP_CTYPE_SUGGESTED_LABEL_GENERALIZED = 2,
+    RSVP_CTYPE_LABEL_REQUEST = 1, /* without label range */
+    RSVP_CTYPE_LABEL_REQUEST_GENERALIZED = 4,
+    /* Object lengths of the plain LABEL and of both LABEL_REQUEST kinds. */
+    RSVP_LABEL_LEN = 8,
+    RSVP_LABEL_REQUEST_LEN = 8,
+    /* Layer-3 protocol identifiers (Ethertypes) of a plain LABEL_REQUEST. */
+    RSVP_L3PID_IPV4 = 0x0800,
+    RSVP_L3PID_IPV6 = 0x86DD,
+    RSVP_L3PID_MPLS = 0x8847,
+    /* RSVP_LABEL_TOP_LABEL's answer for no label: one above the largest 20-bit MPLS label. */
+    RSVP_LABEL_NO_LABEL = 0x100001
+};
+
+/* Writes a generalized label (C-Type 2, Length 4 + 4 x count) of class_num; 1, or 0 with
+ * nothing written for a null obj or labels, a count of 0 or a class that carries none. */
+RSVP_API int rsvp_generalized_label_build(uint8_t *obj, const uint32_t *labels, uint16_t count,
+                                          uint8_t class_num);
+/* 1 when obj is of class_num, a class that carries generalized labels, C-Type 2, Length >= 4
+ * (not necessarily a multiple of 4); 0 otherwise. */
+RSVP_API int rsvp_generalized_label_valid(uint8_t *obj, uint8_t class_num);
+/* 1, *count = (Length - 4) / 4 and that many words (host order) into the array *labels points
+ * to; 0 with nothing written for a null pointer or an object that fails the validator above. */
+RSVP_API int rsvp_generalized_label_extract(uint8_t *obj, uint32_t **labels, uint16_t *count,
+                                            uint8_t class_num);
+/* rsvp_generalized_label_build for class 16 (LABEL). */
+RSVP_API int rsvp_build_generalized_label(uint8_t *obj, const uint32_t *labels, uint16_t count);
+/* rsvp_generalized_label_valid for class 16 (LABEL). */
+RSVP_API int rsvp_valid_generalized_label(uint8_t *obj);
+/* rsvp_generalized_label_extract for class 16 (LABEL). */
+RSVP_API int rsvp_extract_generalized_label(uint8_t *obj, uint32_t **labels, uint16_t *count);
+/* rsvp_generalized_label_build for class 35 (UPSTREAM_LABEL). */
+RSVP_API int rsvp_build_upstream_label(uint8_t *obj, const uint32_t *labels, uint16_t count);
+/* rsvp_generalized_label_valid for class 35 (UPSTREAM_LABEL). */
+RSVP_API int rsvp_valid_upstream_label(uint8_t *obj);
+/* rsvp_generalized_label_extract for class 35 (UPSTREAM_LABEL). */
+RSVP_API int rsvp_extract_upstream_label(uint8_t *obj, uint32_t **labels, uint16_t *count);
+/* rsvp_generalized_label_build for class 129 (SUGGESTED_LABEL). */
+RSVP_API int rsvp_build_suggested_label(uint8_t *obj, const uint32_t *labels, uint16_t count);
+/* rsvp_generalized_label_valid for class 129 (SUGGESTED_LABEL). */
+RSVP_API int rsvp_valid_suggested_label(uint8_t *obj);
+/* rsvp_generalized_label_extract for class 129 (SUGGESTED_LABEL). */
+RSVP_API int rsvp_extract_suggested_label(uint8_t *obj, uint32_t **labels, uint16_t *count);
+/* rsvp_generalized_label_build for class 34 (RECOVERY_LABEL). */
+RSVP_API int rsvp_build_recovery_label(uint8_t *obj, const uint32_t *labels, uint16_t count);
+/* rsvp_generalized_label_valid for class 34 (RECOVERY_LABEL). */
+RSVP_API int rsvp_valid_recovery_label(uint8_t *obj);
+/* rsvp_generalized_label_extract for class 34 (RECOVERY_LABEL). */
+RSVP_API int rsvp_extract_recovery_label(uint8_t *obj, uint32_t **labels, uint16_t *count);
+
+/* Writes a plain LABEL (class 16, C-Type 1, Length 8); returns obj. */
+RSVP_API uint8_t *rsvp_build_label(uint8_t *obj, uint32_t label);
+/* 1 for a class-16 object of Length 8, whatever its C-Type; 0 otherwise. */
+RSVP_API int rsvp_valid_label(uint8_t *obj);
+/* 1 and the label of an object rsvp_valid_label accepts; 0 with *label untouched otherwise. */
+RSVP_API int rsvp_extract_label(uint8_t *obj, uint32_t *label);
+/* Overwrites bytes 4-7 with the label, header and Length unchecked; nothing for a null obj. */
+RSVP_API void rsvp_set_current_label(uint8_t *obj, uint32_t label);
+/* The class-16 validator: C-Type 1 at Length 8, or a generalized LABEL; 0 for other C-Types. */
+RSVP_API int rsvp_valid_gen_label(uint8_t *obj);
+/* Writes a plain LABEL_REQUEST (class 19, C-Type 1, Length 8, reserved 0). */
+RSVP_API void rsvp_build_label_request(uint8_t *obj, uint16_t l3pid);
+/* 1 for a class-19 object of Length 8, whatever its C-Type; 0 otherwise. */
+RSVP_API int rsvp_valid_label_request(uint8_t *obj);
+/* 1 and the L3PID of an object rsvp_valid_label_request accepts; 0, *l3pid untouched, else. */
+RSVP_API int rsvp_extract_label_request(uint8_t *obj, uint16_t *l3pid);
+/* Writes a generalized LABEL_REQUEST (class 19, C-Type 4, Length 8). */
+RSVP_API void rsvp_build_gen_label_req(uint8_t *obj, uint8_t encoding_type, uint8_t switching_type,
+                                       uint16_t gpid);
+/* 1 for a class-19, C-Type-4 object of Length 8; 0 otherwise. */
+RSVP_API int rsvp_valid_gen_label_req(uint8_t *obj);
+/* 1 and the three fields of a valid generalized LABEL_REQUEST; 0 with them untouched else. */
+RSVP_API int rsvp_extract_gen_label_req(uint8_t *obj, uint8_t *encoding_type,
+                                        uint8_t *switching_type, uint16_t *gpid);
+/* The class-19 validator: C-Type 1 or 4 at Length 8; 0 for other C-Types. */
+RSVP_API int rsvp_valid_gen_label_request(uint8_t *obj);
+/* 1 when the C-Type is 1 (a packet-switched LSP's request), class and Length unread; else 0. */
+RSVP_API int rsvp_lsp_packet_switched(uint8_t *obj);
+/* Label bytes: 4 for C-Type 1, Length - 4 (when above 0) for C-Type 2, 0 otherwise and for
+ * null. The class is not looked at. */
+RSVP_API uint16_t RSVP_LABEL_LENGTH(uint8_t *obj);
+/* The label of an object rsvp_valid_label accepts; RSVP_LABEL_NO_LABEL otherwise. */
+RSVP_API uint32_t RSVP_LABEL_TOP_LABEL(uint8_t *obj);
+/* dst[i] = htonl(src[i]) for count labels; nothing for null arrays or a zero count. */
+RSVP_API void RSVP_COPY_LABEL_HTONL(uint32_t *dst, const uint32_t *src, uint16_t count);
+/* dst[i] = ntohl(src[i]) for count labels; nothing for null arrays or a zero count. */
+RSVP_API void RSVP_COPY_LABEL_NTOHL(uint32_t *dst, const uint32_t *src, uint16_t count);
+/* dst[i] = htonl(src[i]) for count SRLG identifiers; nothing for null arrays or count 0. */
+RSVP_API void RSVP_COPY_SRLG_HTONL(uint32_t *dst, const uint32_t *src, uint8_t count);
+/* dst[i] = ntohl(src[i]) for count SRLG identifiers; nothing for null arrays or count 0. */
+RSVP_API void RSVP_COPY_SRLG_NTOHL(uint32_t *dst, const uint32_t *src, uint8_t count);
+
+/* ======================================================================================
+ * LABEL_SET (class 36) and ACCEPTABLE_LABEL_SET (class 130): an action, a label type and the
+ * labels it applies to, in host order at this interface.
+ * ====================================================================================== */
+enum {
+    RSVP_CTYPE_LABEL_SET = 1,
+    RSVP_CTYPE_ACCEPTABLE_LABEL_SET = 1,
+    /* Length of the object without labels. */
+    RSVP_LABEL_SET_HDR_LEN = 8,
+    /* Actions. A range carries exactly a start and an end label. */
+    RSVP_LABEL_SET_INCLUSIVE_LIST = 0,
+    RSVP_LABEL_SET_EXCLUSIVE_LIST = 1,
+    RSVP_LABEL_SET_INCLUSIVE_RANGE = 2,
+    RSVP_LABEL_SET_EXCLUSIVE_RANGE = 3,
+    /* Label types (the C-Type of the LABEL the labels belong to), a 14-bit field. */
+    RSVP_LABEL_SET_TYPE_LABEL = 1,
+    RSVP_LABEL_SET_TYPE_GENERALIZED = 2,
+    RSVP_LABEL_SET_TYPE_MASK = 0x3FFF
+};
+
+/* Writes an empty LABEL_SET (class 36, C-Type 1, Length 8), label type masked to 14 bits;
+ * returns obj. */
+RSVP_API uint8_t *rsvp_build_label_set_obj(uint8_t *obj, uint8_t action, uint16_t label_type);
+/* Appends a label behind the last whole label and adds 4 to the Length; nothing for a null
+ * obj or a Length below 8. The caller guarantees 4 bytes of room. */
+RSVP_API void rsvp_add_label_set_obj(uint8_t *obj, uint32_t label);
+/* The class-36 validator: C-Type 1, Length above 8 and at least 12 (lists) or 16 (ranges),
+ * action 0-3, byte 7 (the low byte of the label type alone) 1 or 2; 0 otherwise. */
+RSVP_API int rsvp_valid_label_set_obj(uint8_t *obj);
+/* 1, a pointer to the first label (still in network order, inside obj), the count (8 bits),
+ * action and 14-bit label type of a valid class-36 object; 0 with nothing written otherwise. */
+RSVP_API int rsvp_extract_label_set_obj(uint8_t *obj, uint32_t **labels, uint8_t *count,
+                                        uint8_t *action, uint16_t *label_type);
+/* Writes a label set of class_num with count labels; nothing is checked. */
+RSVP_API void rsvp_build_32bit_label_set(uint8_t *obj, uint8_t class_num, uint16_t label_type,
+                                         uint8_t action, uint32_t count, const uint32_t *labels);
+/* 1 for an object of class_num (36 or 130 only), C-Type 1, Length >= 9, 14-bit label type 1
+ * or 2, and at least 1 label for a list or exactly 2 for a range; 0 otherwise. */
+RSVP_API int rsvp_valid_32bit_label_set_obj(uint8_t *obj, uint16_t class_num);
+/* The class-130 validator: rsvp_valid_32bit_label_set_obj for class 130. */
+RSVP_API int rsvp_valid_acceptable_label_set(uint8_t *obj);
+/* 1, the action and the label count of a valid label set of class_num; 0 with nothing
+ * written otherwise (and for a null output). */
+RSVP_API int rsvp_extract_32bit_label_set_obj(uint8_t *obj, uint16_t class_num, uint8_t *action,
+                                              uint32_t *count);
+/* 1 and the labels (host order) of a valid label set of class_num holding exactly
+ * expected_count labels; 0 with nothing written otherwise (and for a null array). */
+RSVP_API int rsvp_extract_32bit_label_set_obj_labels(uint8_t *obj, uint16_t class_num,
+                                                     uint32_t expected_count, uint32_t *labels);
+
+/* ======================================================================================
+ * SONET/SDH labels: generalized LABEL (class 16) and UPSTREAM_LABEL (class 35) words that
+ * carry a time slot as S (16 bits), U, K, L and M (4 bits each).
+ * ====================================================================================== */
+enum { RSVP_SONET_SDH_NIBBLE_LIMIT = 16 /* U, K, L and M stay below this */ };
+
+/* Writes an empty generalized LABEL (class 16, C-Type 2, Length 4). */
+RSVP_API void rsvp_build_gen_label_sonet_sdh(uint8_t *obj);
+/* Appends the word S, U, K, L, M unless an equal word is present; 1, or 0 with nothing
+ * written for a null obj, a Length below 4 or a duplicate. Class and C-Type are not checked;
+ * U, K, L or M of 16 or more stops the process. The caller guarantees 4 bytes of room. */
+RSVP_API int rsvp_add_gen_label_sonet_sdh(uint8_t *obj, uint16_t s, uint32_t u, uint32_t k,
+                                          uint32_t l, uint32_t m);
+/* 1 for a class-16 object of C-Type 2 and Length >= 4; 0 otherwise. */
+RSVP_API int rsvp_valid_gen_label_sonet_sdh(uint8_t *obj);
+/* 1 and the fields of word index (counted from 0, yet index 0 stops the process) of a valid
+ * object; 0 with nothing written for an index past the last word or an invalid object. */
+RSVP_API int rsvp_extract_gen_label_sonet_sdh(uint8_t *obj, uint32_t index, uint32_t *s,
+                                              uint32_t *u, uint32_t *k, uint32_t *l, uint32_t *m);
+/* Writes an empty UPSTREAM_LABEL (class 35, C-Type 2, Length 4). */
+RSVP_API void rsvp_build_upstream_label_sonet_sdh(uint8_t *obj);
+/* As rsvp_add_gen_label_sonet_sdh, for an UPSTREAM_LABEL. */
+RSVP_API int rsvp_add_upstream_label_sonet_sdh(uint8_t *obj, uint16_t s, uint32_t u, uint32_t k,
+                                               uint32_t l, uint32_t m);
+/* 1 for a class-35 object of C-Type 2 and Length >= 4; 0 otherwise. */
+RSVP_API int rsvp_valid_upstream_label_sonet_sdh(uint8_t *obj);
+/* As rsvp_extract_gen_label_sonet_sdh, for an UPSTREAM_LABEL. */
+RSVP_API int rsvp_extract_upstream_label_sonet_sdh(uint8_t *obj, uint32_t index, uint32_t *s,
+                                                   uint32_t *u, uint32_t *k, uint32_t *l,
+                                                   uint32_t *m);
+
 #ifdef __cplusplus
 }
 #endif

@@ -46,6 +46,13 @@ consteval Table build_table() {
     put(t, RSVP_CLASS_EXPLICIT_ROUTE, rsvp_valid_explicit_route);
     put(t, RSVP_CLASS_RECORD_ROUTE, rsvp_valid_record_route);
     put(t, RSVP_CLASS_EXCLUDE_ROUTE, rsvp_valid_xro);
+    put(t, RSVP_CLASS_LABEL, rsvp_valid_gen_label);
+    put(t, RSVP_CLASS_LABEL_REQUEST, rsvp_valid_gen_label_request);
+    put(t, RSVP_CLASS_RECOVERY_LABEL, rsvp_valid_recovery_label);
+    put(t, RSVP_CLASS_UPSTREAM_LABEL, rsvp_valid_upstream_label);
+    put(t, RSVP_CLASS_SUGGESTED_LABEL, rsvp_valid_suggested_label);
+    put(t, RSVP_CLASS_LABEL_SET, rsvp_valid_label_set_obj);
+    put(t, RSVP_CLASS_ACCEPTABLE_LABEL_SET, rsvp_valid_acceptable_label_set);
     return t;
 }
 
