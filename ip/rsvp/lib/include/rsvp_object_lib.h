@@ -1274,7 +1274,14 @@ RSVP_API int rsvp_extract_32bit_label_set_obj_labels(uint8_t *obj, uint16_t clas
  * SONET/SDH labels: generalized LABEL (class 16) and UPSTREAM_LABEL (class 35) words that
  * carry a time slot as S (16 bits), U, K, L and M (4 bits each).
  * ====================================================================================== */
-enum { RSVP_SONET_SDH_NIBBLE_LIMIT = 16 /* U, K, L and M stay below this */ };
+enum {
+    RSVP_SONET_SDH_NIBBLE_LIMIT = 16, /* U, K, L and M stay below this */
+    /* A word read as a host number is S << 16 | U << 12 | K << 8 | L << 4 | M. */
+    RSVP_SONET_SDH_S_SHIFT = 16,
+    RSVP_SONET_SDH_U_SHIFT = 12,
+    RSVP_SONET_SDH_K_SHIFT = 8,
+    RSVP_SONET_SDH_L_SHIFT = 4
+};
 
 /* Writes an empty generalized LABEL (class 16, C-Type 2, Length 4). */
 RSVP_API void rsvp_build_gen_label_sonet_sdh(uint8_t *obj);

@@ -15,10 +15,10 @@ using namespace rsvp;
 namespace {
 
 constexpr unsigned kWordLen = 4;
-constexpr unsigned kSShift = 16;
-constexpr unsigned kUShift = 12;
-constexpr unsigned kKShift = 8;
-constexpr unsigned kLShift = 4;
+constexpr unsigned kSShift = RSVP_SONET_SDH_S_SHIFT;
+constexpr unsigned kUShift = RSVP_SONET_SDH_U_SHIFT;
+constexpr unsigned kKShift = RSVP_SONET_SDH_K_SHIFT;
+constexpr unsigned kLShift = RSVP_SONET_SDH_L_SHIFT;
 constexpr uint32_t kNibbleMask = RSVP_SONET_SDH_NIBBLE_LIMIT - 1;
 
 unsigned word_count(const uint8_t *obj) {
