@@ -141,7 +141,8 @@ TEST(PlainLabels, BuildExtractAndSet) {
     uint32_t l = 3;
     EXPECT_EQ(rsvp_extract_gen_label_req(request.data(), &enc, &sw, &gpid) +
                   rsvp_extract_label(request.data(), &l) +
-                  rsvp_extract_label(label.data(), nullptr),
+                  rsvp_extract_label(label.data(), nullptr) +
+                  rsvp_extract_label_request(request.data(), nullptr),
               0);
     EXPECT_EQ(l + enc + gpid, 3u + 5 + 0x1234);
     EXPECT_EQ(rsvp_extract_label_request(gen.data(), &l3pid), 1);  // plain: C-Type ignored

