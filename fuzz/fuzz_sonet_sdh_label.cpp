@@ -45,7 +45,7 @@ void exercise_set(const Object &o, const Set &set) {
     }
     const uint32_t nu = o.length & kNibble, nk = o.class_num & kNibble;
     const int added = set.add(c.data(), static_cast<uint16_t>(o.length), nu, nk, 0, 1);
-    check(RSVP_OBJECT_LENGTH(c.data()) == o.length + (added ? kWordLen : 0));
+    check(RSVP_OBJECT_LENGTH(c.data()) == static_cast<uint16_t>(o.length + (added ? kWordLen : 0)));
     if (added && n > 0 && set.valid(c.data())) {
         check(set.extract(c.data(), n, &s, &u, &k, &l, &m) == 1);
         check(s == o.length && u == nu && k == nk && l == 0 && m == 1);
