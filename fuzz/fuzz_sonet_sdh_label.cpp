@@ -1,6 +1,6 @@
 // SONET/SDH labels: both validators on every object, the extractor at every index from 1 (an
 // index of 0 stops the process by design), and the add on a copy with room for one word, which
-// must refuse the object's first word and grow the object by the new one.
+// must refuse the object's first word and grow the object by the new one, and on a fresh object.
 #include <cstdlib>
 
 #include "fuzz_registry.hpp"
@@ -46,6 +46,10 @@ void exercise_set(const Object &o, const Set &set) {
     const uint32_t nu = o.length & kNibble, nk = o.class_num & kNibble;
     const int added = set.add(c.data(), static_cast<uint16_t>(o.length), nu, nk, 0, 1);
     check(RSVP_OBJECT_LENGTH(c.data()) == static_cast<uint16_t>(o.length + (added ? kWordLen : 0)));
+    // A fresh object takes the same word.
+    Bytes fresh(RSVP_OBJ_HDR_LEN + kWordLen);
+    set.build(fresh.data());
+    check(set.valid(fresh.data()) && set.add(fresh.data(), o.length, nu, nk, 0, 1) == 1);
     if (added && n > 0 && set.valid(c.data())) {
         check(set.extract(c.data(), n, &s, &u, &k, &l, &m) == 1);
         check(s == o.length && u == nu && k == nk && l == 0 && m == 1);
