@@ -46,6 +46,13 @@ consteval Table build_table() {
     put(t, RSVP_CLASS_EXPLICIT_ROUTE, rsvp_valid_explicit_route);
     put(t, RSVP_CLASS_RECORD_ROUTE, rsvp_valid_record_route);
     put(t, RSVP_CLASS_EXCLUDE_ROUTE, rsvp_valid_xro);
+    put(t, RSVP_CLASS_SESSION_ATTRIBUTE, rsvp_valid_session_attribute);
+    put(t, RSVP_CLASS_PROTECTION, rsvp_valid_protection);
+    put(t, RSVP_CLASS_PVT_PROTECTION, rsvp_valid_pvt_protection);
+    put(t, RSVP_CLASS_LSP_REQUIRED_ATTRIBUTES, rsvp_valid_lsp_attributes);
+    put(t, RSVP_CLASS_LSP_ATTRIBUTES, rsvp_valid_lsp_attributes);
+    put(t, RSVP_CLASS_DIFFSERV, rsvp_valid_diffserv);
+    put(t, RSVP_CLASS_CLASSTYPE, rsvp_valid_class_type);
     return t;
 }
 
