@@ -31,25 +31,25 @@ constexpr Get kGetters[] = {
     RSVP_PVT_PROTECTION_SEG_FLAGS,
 };
 
+using SetBit = void (*)(uint8_t *, int);
+using SetField = void (*)(uint8_t *, uint8_t);
+constexpr SetBit kBitSetters[] = {
+    RSVP_PROTECTION_SET_S,     RSVP_PROTECTION_SET_P,     RSVP_PROTECTION_SET_N,
+    RSVP_PROTECTION_SET_O,     RSVP_PROTECTION_SET_I,     RSVP_PROTECTION_SET_R,
+    RSVP_PVT_PROTECTION_SET_S, RSVP_PVT_PROTECTION_SET_P, RSVP_PVT_PROTECTION_SET_N,
+    RSVP_PVT_PROTECTION_SET_O, RSVP_PVT_PROTECTION_SET_I, RSVP_PVT_PROTECTION_SET_R,
+};
+constexpr SetField kFieldSetters[] = {
+    RSVP_PROTECTION_SET_LSP_FLAGS,      RSVP_PROTECTION_SET_LINK_FLAGS,
+    RSVP_PROTECTION_SET_SEG_FLAGS,      RSVP_PVT_PROTECTION_SET_LSP_FLAGS,
+    RSVP_PVT_PROTECTION_SET_LINK_FLAGS, RSVP_PVT_PROTECTION_SET_SEG_FLAGS,
+};
+
 void set_all(uint8_t *obj, uint8_t v) {
-    RSVP_PROTECTION_SET_S(obj, v & 1);
-    RSVP_PROTECTION_SET_P(obj, v & 2);
-    RSVP_PROTECTION_SET_N(obj, v & 4);
-    RSVP_PROTECTION_SET_O(obj, v & 8);
-    RSVP_PROTECTION_SET_I(obj, v & 16);
-    RSVP_PROTECTION_SET_R(obj, v & 32);
-    RSVP_PROTECTION_SET_LSP_FLAGS(obj, v);
-    RSVP_PROTECTION_SET_LINK_FLAGS(obj, v);
-    RSVP_PROTECTION_SET_SEG_FLAGS(obj, v);
-    RSVP_PVT_PROTECTION_SET_S(obj, v & 1);
-    RSVP_PVT_PROTECTION_SET_P(obj, v & 2);
-    RSVP_PVT_PROTECTION_SET_N(obj, v & 4);
-    RSVP_PVT_PROTECTION_SET_O(obj, v & 8);
-    RSVP_PVT_PROTECTION_SET_I(obj, v & 16);
-    RSVP_PVT_PROTECTION_SET_R(obj, v & 32);
-    RSVP_PVT_PROTECTION_SET_LSP_FLAGS(obj, v);
-    RSVP_PVT_PROTECTION_SET_LINK_FLAGS(obj, v);
-    RSVP_PVT_PROTECTION_SET_SEG_FLAGS(obj, v);
+    for (size_t i = 0; i < sizeof kBitSetters / sizeof kBitSetters[0]; ++i)
+        kBitSetters[i](obj, v >> i % 8 & 1);
+    for (SetField set : kFieldSetters)
+        set(obj, v);
 }
 
 void exercise_pvt(const Object &o) {

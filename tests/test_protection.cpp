@@ -11,47 +11,59 @@ using Get = uint32_t (*)(uint8_t *);
 using SetBit = void (*)(uint8_t *, int);
 using SetField = void (*)(uint8_t *, uint8_t);
 
-// One accessor pair of either set, with the body (offsets 4..11) that setting it on a zero body
-// leaves; the getter then reads `full` (1 or 63).
+// One accessor pair in both sets (PROTECTION, private), with the body (offsets 4..11) that
+// setting it on a zero body leaves; the getter then reads 1 (a bit) or 63 (a flag field).
 struct Accessor {
-    Get get;
-    SetBit set_bit;
-    SetField set_field;
+    Get get[2];
+    SetBit set_bit[2];
+    SetField set_field[2];
     const char *body;
 };
 
-const Accessor kProtection[] = {
-    {RSVP_PROTECTION_S, RSVP_PROTECTION_SET_S, nullptr, "80 00 00 00 00 00 00 00"},
-    {RSVP_PROTECTION_P, RSVP_PROTECTION_SET_P, nullptr, "40 00 00 00 00 00 00 00"},
-    {RSVP_PROTECTION_N, RSVP_PROTECTION_SET_N, nullptr, "20 00 00 00 00 00 00 00"},
-    {RSVP_PROTECTION_O, RSVP_PROTECTION_SET_O, nullptr, "10 00 00 00 00 00 00 00"},
-    {RSVP_PROTECTION_LSP_FLAGS, nullptr, RSVP_PROTECTION_SET_LSP_FLAGS, "00 3f 00 00 00 00 00 00"},
-    {RSVP_PROTECTION_LINK_FLAGS, nullptr, RSVP_PROTECTION_SET_LINK_FLAGS,
-     "00 00 00 3f 00 00 00 00"},
-    {RSVP_PROTECTION_I, RSVP_PROTECTION_SET_I, nullptr, "00 00 00 00 80 00 00 00"},
-    {RSVP_PROTECTION_R, RSVP_PROTECTION_SET_R, nullptr, "00 00 00 00 40 00 00 00"},
-    {RSVP_PROTECTION_SEG_FLAGS, nullptr, RSVP_PROTECTION_SET_SEG_FLAGS, "00 00 00 00 00 3f 00 00"},
-};
-const Accessor kPvt[] = {
-    {RSVP_PVT_PROTECTION_S, RSVP_PVT_PROTECTION_SET_S, nullptr, "80 00 00 00 00 00 00 00"},
-    {RSVP_PVT_PROTECTION_P, RSVP_PVT_PROTECTION_SET_P, nullptr, "40 00 00 00 00 00 00 00"},
-    {RSVP_PVT_PROTECTION_N, RSVP_PVT_PROTECTION_SET_N, nullptr, "20 00 00 00 00 00 00 00"},
-    {RSVP_PVT_PROTECTION_O, RSVP_PVT_PROTECTION_SET_O, nullptr, "10 00 00 00 00 00 00 00"},
-    {RSVP_PVT_PROTECTION_LSP_FLAGS, nullptr, RSVP_PVT_PROTECTION_SET_LSP_FLAGS,
+const Accessor kAccessors[] = {
+    {{RSVP_PROTECTION_S, RSVP_PVT_PROTECTION_S},
+     {RSVP_PROTECTION_SET_S, RSVP_PVT_PROTECTION_SET_S},
+     {},
+     "80 00 00 00 00 00 00 00"},
+    {{RSVP_PROTECTION_P, RSVP_PVT_PROTECTION_P},
+     {RSVP_PROTECTION_SET_P, RSVP_PVT_PROTECTION_SET_P},
+     {},
+     "40 00 00 00 00 00 00 00"},
+    {{RSVP_PROTECTION_N, RSVP_PVT_PROTECTION_N},
+     {RSVP_PROTECTION_SET_N, RSVP_PVT_PROTECTION_SET_N},
+     {},
+     "20 00 00 00 00 00 00 00"},
+    {{RSVP_PROTECTION_O, RSVP_PVT_PROTECTION_O},
+     {RSVP_PROTECTION_SET_O, RSVP_PVT_PROTECTION_SET_O},
+     {},
+     "10 00 00 00 00 00 00 00"},
+    {{RSVP_PROTECTION_LSP_FLAGS, RSVP_PVT_PROTECTION_LSP_FLAGS},
+     {},
+     {RSVP_PROTECTION_SET_LSP_FLAGS, RSVP_PVT_PROTECTION_SET_LSP_FLAGS},
      "00 3f 00 00 00 00 00 00"},
-    {RSVP_PVT_PROTECTION_LINK_FLAGS, nullptr, RSVP_PVT_PROTECTION_SET_LINK_FLAGS,
+    {{RSVP_PROTECTION_LINK_FLAGS, RSVP_PVT_PROTECTION_LINK_FLAGS},
+     {},
+     {RSVP_PROTECTION_SET_LINK_FLAGS, RSVP_PVT_PROTECTION_SET_LINK_FLAGS},
      "00 00 00 3f 00 00 00 00"},
-    {RSVP_PVT_PROTECTION_I, RSVP_PVT_PROTECTION_SET_I, nullptr, "00 00 00 00 80 00 00 00"},
-    {RSVP_PVT_PROTECTION_R, RSVP_PVT_PROTECTION_SET_R, nullptr, "00 00 00 00 40 00 00 00"},
-    {RSVP_PVT_PROTECTION_SEG_FLAGS, nullptr, RSVP_PVT_PROTECTION_SET_SEG_FLAGS,
+    {{RSVP_PROTECTION_I, RSVP_PVT_PROTECTION_I},
+     {RSVP_PROTECTION_SET_I, RSVP_PVT_PROTECTION_SET_I},
+     {},
+     "00 00 00 00 80 00 00 00"},
+    {{RSVP_PROTECTION_R, RSVP_PVT_PROTECTION_R},
+     {RSVP_PROTECTION_SET_R, RSVP_PVT_PROTECTION_SET_R},
+     {},
+     "00 00 00 00 40 00 00 00"},
+    {{RSVP_PROTECTION_SEG_FLAGS, RSVP_PVT_PROTECTION_SEG_FLAGS},
+     {},
+     {RSVP_PROTECTION_SET_SEG_FLAGS, RSVP_PVT_PROTECTION_SET_SEG_FLAGS},
      "00 00 00 00 00 3f 00 00"},
 };
 
-void set(const Accessor &a, uint8_t *obj, bool on) {
-    if (a.set_bit)
-        a.set_bit(obj, on ? 2 : 0);
+void set(const Accessor &a, int which, uint8_t *obj, bool on) {
+    if (a.set_bit[which])
+        a.set_bit[which](obj, on ? 2 : 0);
     else
-        a.set_field(obj, on ? 0xFF : 0xC0);  // only the low 6 bits count
+        a.set_field[which](obj, on ? 0xFF : 0xC0);  // only the low 6 bits count
 }
 
 }  // namespace
@@ -59,28 +71,26 @@ void set(const Accessor &a, uint8_t *obj, bool on) {
 // Each accessor owns exactly its bits: set on a zero body, cleared on an all-ones body, and
 // only for an object its own validator accepts.
 TEST(Protection, AccessorsOwnTheirBitsAndNeedTheirValidator) {
-    const Accessor *sets[] = {kProtection, kPvt};
     for (int which = 0; which < 2; ++which) {
         const uint8_t cls = which ? 190 : 37, c_type = which ? 252 : 2;
-        for (int i = 0; i < 9; ++i) {
-            const Accessor &a = sets[which][i];
-            SCOPED_TRACE(testing::Message() << int(cls) << " accessor " << i);
+        for (const Accessor &a : kAccessors) {
+            SCOPED_TRACE(testing::Message() << int(cls) << " " << a.body);
             Bytes o = object(cls, c_type, Bytes(8, 0));
-            set(a, o.data(), true);
+            set(a, which, o.data(), true);
             EXPECT_EQ(to_hex(o.data() + 4, 8), a.body);
-            EXPECT_EQ(a.get(o.data()), a.set_bit ? 1u : 63u);
+            EXPECT_EQ(a.get[which](o.data()), a.set_bit[which] ? 1u : 63u);
             Bytes ones = object(cls, c_type, Bytes(8, 0xFF));
-            set(a, ones.data(), false);
+            set(a, which, ones.data(), false);
             for (int b = 0; b < 8; ++b)
                 EXPECT_EQ(ones[4 + b], uint8_t(0xFF & ~hex(a.body)[b]));
-            EXPECT_EQ(a.get(ones.data()), 0u);
+            EXPECT_EQ(a.get[which](ones.data()), 0u);
             // The twin's object, and the right object one word too long, are not touched.
             for (Bytes other : {object(which ? 37 : 190, which ? 2 : 252, Bytes(8, 0)),
                                 object(37, 2, Bytes(12, 0))}) {
                 if (which && other.size() == 16) continue;  // 16 bytes is a valid private object
-                set(a, other.data(), true);
+                set(a, which, other.data(), true);
                 EXPECT_EQ(to_hex(other.data() + 4, 8), "00 00 00 00 00 00 00 00");
-                EXPECT_EQ(a.get(nullptr), 0u);
+                EXPECT_EQ(a.get[which](nullptr), 0u);
             }
         }
     }
