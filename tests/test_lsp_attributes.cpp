@@ -24,8 +24,8 @@ TEST(LspAttributes, FlagsTlvIsAddedFirstOnly) {
     rsvp_build_lsp_attributes(o.data(), 1);
     EXPECT_EQ(to_hex(o.data(), 4), "00 04 43 01");
     EXPECT_EQ(rsvp_add_lsp_attr_attribute_flags_tlv(empty_tlv.data(), 2), 0);
-    for (int len = 5; len <= 8; ++len) {  // 1 to 4 bytes that hold no TLV
-        Bytes cut = object(197, 1, Bytes(4, 0), len);
+    for (int len = 5; len <= 8; ++len) {                      // 1 to 4 bytes that hold no TLV
+        Bytes cut = object(197, 1, hex("00 01 04 00"), len);  // unconverted, 04 00 reads 4
         EXPECT_EQ(rsvp_add_lsp_attr_attribute_flags_tlv(cut.data(), 2), 0) << len;
     }
     EXPECT_EQ(rsvp_add_lsp_attr_attribute_flags_tlv(nullptr, 2), 0);
@@ -65,10 +65,10 @@ TEST(LspAttributes, ValidatorAndWalk) {
     } rows[] = {{"", 1},
                 {"0001 0008 00000000", 1},
                 {"0005 0004  0006 0004", 1},
-                {"0005 0005 aa  0006 0003 bb", 0},      // second TLV below 4 bytes
-                {"0005 0005 aa  0006 0007 bbccdd", 1},  // TLVs need not be words
-                {"0001 0004 00000000", 0},              // ends at 8, Length 12
-                {"0001 000c 00000000", 0},              // runs past the Length
+                {"0005 0004  0006 0002  0006 ccdd", 0},  // a 2-byte TLV, overlapped by the next
+                {"0005 0005 aa  0006 0007 bbccdd", 1},   // TLVs need not be words
+                {"0001 0004 00000000", 0},               // ends at 8, Length 12
+                {"0001 000c 00000000", 0},               // runs past the Length
                 {"0001 0000 00000000", 0}};
     for (const auto &r : rows) {
         SCOPED_TRACE(r.tlvs);

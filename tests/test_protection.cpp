@@ -137,7 +137,9 @@ TEST(PvtProtection, SubobjectsAndTheLenientLastOne) {
 TEST(PvtProtection, AddWalkExtract) {
     Bytes o(48, 0);
     rsvp_build_pvt_protection(o.data());
-    o[34] = 0xAA;  // inside the future SNC body: merged, not cleared
+    o[34] = 0xAA;  // inside the future SNC body words: merged, not cleared
+    o[37] = 0xBB;
+    o[41] = 1, o[43] = 8;  // a WTR header just behind the object, which the walk must not reach
     EXPECT_EQ(rsvp_add_pvt_protection_wtr(o.data(), 0x01020304), 1);
     EXPECT_EQ(rsvp_add_pvt_protection_hoff(o.data(), 500), 1);
     EXPECT_EQ(rsvp_add_pvt_protection_snc(o.data(), 9, 6), 1);
@@ -146,7 +148,7 @@ TEST(PvtProtection, AddWalkExtract) {
               "00 28 be fc 00 00 00 00 00 00 00 00 "
               "00 01 00 08 01 02 03 04 "               // WTR
               "00 02 00 08 00 00 01 f4 "               // HOFF 500
-              "00 03 00 0c 20 00 aa 00 18 00 00 00");  // SNC 1 (9 AND 7), 6
+              "00 03 00 0c 20 00 aa 00 18 bb 00 00");  // SNC 1 (9 AND 7), 6
     EXPECT_EQ(rsvp_add_pvt_protection_wtr(o.data(), 7) + rsvp_add_pvt_protection_hoff(o.data(), 7) +
                   rsvp_add_pvt_protection_snc(o.data(), 1, 1) +
                   rsvp_add_pvt_protection_wtr(nullptr, 1),
@@ -176,7 +178,7 @@ TEST(PvtProtection, AddWalkExtract) {
     EXPECT_EQ(RSVP_PVT_PROTECTION_SUBOBJ_TYPE(s3) * 100 + RSVP_PVT_PROTECTION_SUBOBJ_LENGTH(s3),
               312);
     RSVP_PVT_PROTECTION_SET_SNC_SUBOBJ_MODE(s3, 0xFF, 0xF8);  // mode1 7, mode2 0
-    EXPECT_EQ(to_hex(s3 + 4, 8), "e0 00 aa 00 00 00 00 00");
+    EXPECT_EQ(to_hex(s3 + 4, 8), "e0 00 aa 00 00 bb 00 00");
     RSVP_PVT_PROTECTION_SET_SNC_SUBOBJ_MODE(s1, 7, 7);  // not an SNC: nothing
     EXPECT_EQ(to_hex(s1, 8), "00 01 00 08 01 02 03 04");
     o[3] = 0;  // invalid object: no walk

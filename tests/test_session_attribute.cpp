@@ -136,7 +136,7 @@ TEST(SessionAttribute, FlagsAndProtection) {
     Bytes session = object(1, 7, hex("0a000003 00000001 0a000001"));
     RSVP_SESSION_ATTRIBUTE_SET_FLAGS(session.data(), 0xAB);
     EXPECT_EQ(session[6], 0xAB);
-    HeapBytes tv = heap_copy(object(5, 1, hex("00 00 75 30")));
+    Bytes tv = concat({object(5, 1, hex("00 00 75 30")), Bytes(12, 0xEE)});
     RSVP_SESSION_ATTRIBUTE_SET_FLAGS(tv.data(), 0xAB);
-    EXPECT_EQ(RSVP_SESSION_ATTRIBUTE_FLAGS(tv.data()), 0u);
+    EXPECT_EQ(tv[18], 0xEE);
 }

@@ -78,7 +78,7 @@ uint8_t *lsp_attr_find_end(uint8_t *obj) {
         p += tlv_len;
         remaining -= tlv_len;
     }
-    return p == obj + length && remaining == 0 ? p : nullptr;
+    return remaining == 0 ? p : nullptr;  // p is then obj + Length
 }
 
 // The first byte of MAP entry index, or nullptr when that entry does not lie inside the Length.

@@ -80,7 +80,7 @@ void rsvp_build_session_attribute(uint8_t *obj, uint8_t setup_priority, uint8_t 
 int rsvp_valid_session_attribute(uint8_t *obj) {
     if (!obj || obj_class(obj) != kClass) return 0;
     const uint16_t length = obj_length(obj);
-    if (length < RSVP_SESSION_ATTRIBUTE_MIN_LEN || length % kObjAlign != 0) return 0;
+    if (length % kObjAlign != 0) return 0;
     const Layout *l = layout_of(obj);
     if (!l || length < l->min_len) return 0;
     if (obj[l->setup] > kPriorityMax || obj[l->setup + kHoldingStep] > kPriorityMax) return 0;
