@@ -51,6 +51,11 @@ void exercise(std::span<const Object> objects) {
         for (unsigned i = 0; i <= (o.length - RSVP_OBJ_HDR_LEN) / 4u; ++i)
             keep(rsvp_diffserv_get_exp(o.obj, uint8_t(i)) +
                  rsvp_diffserv_get_phbid(o.obj, uint8_t(i)));
+        // The readers that take whatever they are given, on every object that holds their word.
+        uint16_t psc = 0;
+        if (o.length >= kWordEnd)
+            keep(rsvp_get_class_type(o.obj) + rsvp_extract_diffserv_l_lsp(o.obj, &psc) + psc +
+                 RSVP_LSP_ATTR_TLV_TYPE(o.obj) + RSVP_LSP_ATTR_TLV_LEN(o.obj));
         switch (o.class_num) {
             case RSVP_CLASS_LSP_ATTRIBUTES:
             case RSVP_CLASS_LSP_REQUIRED_ATTRIBUTES:

@@ -74,15 +74,16 @@ void exercise_pvt(const Object &o) {
 
 void exercise(std::span<const Object> objects) {
     for (const Object &o : objects) {
+        // Getters and setters validate their own class: any object may be handed to them.
         for (Get get : kGetters)
             keep(get(o.obj));
+        Scratch s = scratch_copy(o);
+        set_all(s.data(), o.length > 4 ? o.obj[4] : 0);
         if (o.class_num != RSVP_CLASS_PROTECTION && o.class_num != RSVP_CLASS_PVT_PROTECTION)
             continue;
         keep(rsvp_valid_protection(o.obj) + rsvp_valid_pvt_protection(o.obj));
         if (o.length >= size_t{RSVP_PROTECTION_LEN} + RSVP_PVT_PROTECTION_SUBOBJ_HDR_LEN)
             keep(rsvp_valid_pvt_protection_subobject(o.obj + RSVP_PROTECTION_LEN));
-        Scratch s = scratch_copy(o);
-        set_all(s.data(), o.length > 4 ? o.obj[4] : 0);
         if (o.verdict != RSVP_OBJECT_VALID) continue;
         if (o.class_num == RSVP_CLASS_PVT_PROTECTION) exercise_pvt(o);
         Scratch b = scratch_copy(o);
