@@ -58,6 +58,10 @@ inline size_t deliberate_read_room(const uint8_t *obj, size_t length) {
             return length < kFlowspecServiceEnd ? kFlowspecServiceEnd - length : 0;
         case RSVP_CLASS_EXCLUDE_ROUTE:
             return RSVP_ROUTE_SUBOBJ_HDR_LEN;
+        // The last private protection subobject may run past the object, by up to the
+        // body of the longest subobject (SNC, 12 bytes): its extractors read it whole.
+        case RSVP_CLASS_PVT_PROTECTION:
+            return size_t{RSVP_PVT_PROTECTION_SNC_LEN} - RSVP_PVT_PROTECTION_SUBOBJ_HDR_LEN;
         default:
             return 0;
     }

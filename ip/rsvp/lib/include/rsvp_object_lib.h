@@ -1308,6 +1308,277 @@ RSVP_API int rsvp_extract_upstream_label_sonet_sdh(uint8_t *obj, uint32_t index,
                                                    uint32_t *u, uint32_t *k, uint32_t *l,
                                                    uint32_t *m);
 
+/* ======================================================================================
+ * SESSION_ATTRIBUTE (Class-Num 207): setup and holding priorities, session flags, the
+ * session name and, in C-Type 1, the three resource-affinity masks. C-Type 7 is built;
+ * C-Type 1 is validated and extracted only. The name is not NUL-terminated.
+ * ====================================================================================== */
+enum {
+    RSVP_CTYPE_SESSION_ATTRIBUTE_LSP_TUNNEL_RA = 1,
+    RSVP_CTYPE_SESSION_ATTRIBUTE_LSP_TUNNEL = 7
+};
+/* Shortest valid objects, the highest priority, and what the builder adds to the name: 20
+ * bytes, so that a built object always ends with 12 zero bytes beyond the padded name. */
+enum {
+    RSVP_SESSION_ATTRIBUTE_MIN_LEN = 8,
+    RSVP_SESSION_ATTRIBUTE_RA_MIN_LEN = 20,
+    RSVP_SESSION_ATTRIBUTE_BUILD_OVERHEAD = 20,
+    RSVP_SESSION_ATTRIBUTE_PRIORITY_MAX = 7
+};
+/* Session flags. The library interprets only local protection desired; the others are names
+ * for the caller and pass through untouched. */
+enum {
+    RSVP_SESSION_ATTRIBUTE_FLAG_LOCAL_PROTECTION = 0x01,
+    RSVP_SESSION_ATTRIBUTE_FLAG_LABEL_RECORDING = 0x02,
+    RSVP_SESSION_ATTRIBUTE_FLAG_SE_STYLE = 0x04,
+    RSVP_SESSION_ATTRIBUTE_FLAG_BANDWIDTH_PROTECTION = 0x08,
+    RSVP_SESSION_ATTRIBUTE_FLAG_NODE_PROTECTION = 0x10,
+    RSVP_SESSION_ATTRIBUTE_FLAG_PATH_REEVALUATION = 0x20
+};
+
+/* Writes a C-Type 7 object of Length name_length + 20 rounded up to a word, zero-filled, and
+ * copies the name to offset 8. The buffer must hold name_length + 23 bytes. */
+RSVP_API void rsvp_build_session_attribute(uint8_t *obj, uint8_t setup_priority,
+                                           uint8_t holding_priority, uint8_t flags,
+                                           uint8_t name_length, const char *name);
+/* 1 for class 207, C-Type 7 (Length >= 8) or 1 (Length >= 20), priorities <= 7; else 0.
+ * Writes into the object: a name length that does not fit is clamped to the room left. */
+RSVP_API int rsvp_valid_session_attribute(uint8_t *obj);
+/* 1 and the fields of a valid object (name: pointer into the object; masks in host order, 0
+ * for C-Type 7); 0, outputs untouched, otherwise. Null outputs are skipped. */
+RSVP_API int rsvp_extract_session_attribute(uint8_t *obj, uint8_t *setup_priority,
+                                            uint8_t *holding_priority, uint8_t *flags,
+                                            uint8_t *name_length, const char **name,
+                                            uint32_t *exclude_any, uint32_t *include_any,
+                                            uint32_t *include_all);
+/* 1 when the local-protection-desired flag of a C-Type 7 or 1 object is set; 0 otherwise and
+ * for NULL. The object is not validated. */
+RSVP_API int rsvp_session_attribute_protected(uint8_t *obj);
+/* Flags byte of a valid SESSION_ATTRIBUTE; 0 otherwise. */
+RSVP_API uint32_t RSVP_SESSION_ATTRIBUTE_FLAGS(uint8_t *obj);
+/* Writes the flags byte (offset 6 for C-Type 7, 18 for C-Type 1) of any object that
+ * rsvp_valid_object accepts; nothing otherwise. */
+RSVP_API void RSVP_SESSION_ATTRIBUTE_SET_FLAGS(uint8_t *obj, uint8_t flags);
+
+/* ======================================================================================
+ * PROTECTION (Class-Num 37, C-Type 2, Length 12) and the private protection object
+ * (Class-Num 190, C-Type 252): the same 8-byte body of recovery flags; the private object
+ * carries WTR, HOFF and SNC subobjects behind it (16-bit type, 16-bit length with header).
+ * ====================================================================================== */
+enum { RSVP_CTYPE_PROTECTION_END_TO_END = 2, RSVP_CTYPE_PVT_PROTECTION = 252 };
+enum { RSVP_PROTECTION_LEN = 12, RSVP_PVT_PROTECTION_SUBOBJ_HDR_LEN = 4 };
+/* Private subobject types and their exact lengths; each type appears at most once. */
+enum {
+    RSVP_PVT_PROTECTION_SUBOBJ_WTR = 1,
+    RSVP_PVT_PROTECTION_SUBOBJ_HOFF = 2,
+    RSVP_PVT_PROTECTION_SUBOBJ_SNC = 3,
+    RSVP_PVT_PROTECTION_WTR_LEN = 8,
+    RSVP_PVT_PROTECTION_HOFF_LEN = 8,
+    RSVP_PVT_PROTECTION_SNC_LEN = 12,
+    RSVP_PVT_PROTECTION_SNC_MODE_MASK = 7
+};
+/* Values of the 6-bit LSP flags (protection type) and link flags. */
+enum {
+    RSVP_PROTECTION_LSP_UNPROTECTED = 0x00,
+    RSVP_PROTECTION_LSP_REROUTING = 0x01,
+    RSVP_PROTECTION_LSP_REROUTING_NO_EXTRA = 0x02,
+    RSVP_PROTECTION_LSP_1_N_EXTRA = 0x04,
+    RSVP_PROTECTION_LSP_1_1_UNIDIR = 0x08,
+    RSVP_PROTECTION_LSP_1_1_BIDIR = 0x10,
+    RSVP_PROTECTION_LINK_EXTRA_TRAFFIC = 0x01,
+    RSVP_PROTECTION_LINK_UNPROTECTED = 0x02,
+    RSVP_PROTECTION_LINK_SHARED = 0x04,
+    RSVP_PROTECTION_LINK_DEDICATED_1_1 = 0x08,
+    RSVP_PROTECTION_LINK_DEDICATED_1_PLUS_1 = 0x10,
+    RSVP_PROTECTION_LINK_ENHANCED = 0x20,
+    RSVP_PROTECTION_FLAGS_MASK = 0x3f
+};
+
+/* Writes the header only (Length 12, class 37, C-Type 2); the caller sets or zeroes the body. */
+RSVP_API void rsvp_build_protection(uint8_t *obj);
+/* Writes the header only (Length 12, class 190, C-Type 252); the body is not cleared. */
+RSVP_API void rsvp_build_pvt_protection(uint8_t *obj);
+/* 1 for class 37, C-Type 2 and Length exactly 12; else 0. */
+RSVP_API int rsvp_valid_protection(uint8_t *obj);
+/* 1 for class 190, C-Type 252, Length >= 12 and valid subobjects (the last one may run past
+ * the Length); else 0. */
+RSVP_API int rsvp_valid_pvt_protection(uint8_t *obj);
+/* Appends a WTR subobject; 1, or 0 and nothing written for an invalid object or a second
+ * WTR. The Length grows in its low byte only (a carry is lost). */
+RSVP_API int rsvp_add_pvt_protection_wtr(uint8_t *obj, uint32_t value);
+/* Appends a HOFF subobject; as rsvp_add_pvt_protection_wtr. */
+RSVP_API int rsvp_add_pvt_protection_hoff(uint8_t *obj, uint32_t value);
+/* Appends an SNC subobject with the low 3 bits of each mode, merged into the bytes the buffer
+ * already holds (zero it first); as rsvp_add_pvt_protection_wtr. */
+RSVP_API int rsvp_add_pvt_protection_snc(uint8_t *obj, uint8_t mode1, uint8_t mode2);
+/* The valid subobject after current (the first for NULL) of a valid object; NULL otherwise. */
+RSVP_API uint8_t *rsvp_extract_pvt_protection_next_subobject(uint8_t *obj, uint8_t *current);
+/* 1 and the value (host order) of a valid WTR subobject; 0, output untouched, otherwise. */
+RSVP_API int rsvp_extract_pvt_protection_wtr(uint8_t *sub, uint32_t *value);
+/* 1 and the value (host order) of a valid HOFF subobject; 0, output untouched, otherwise. */
+RSVP_API int rsvp_extract_pvt_protection_hoff(uint8_t *sub, uint32_t *value);
+/* 1 and both modes of a valid SNC subobject; 0, outputs untouched, otherwise. */
+RSVP_API int rsvp_extract_pvt_protection_snc(uint8_t *sub, uint8_t *mode1, uint8_t *mode2);
+/* 1 for a WTR or HOFF subobject of length 8 or an SNC subobject of length 12; else 0. */
+RSVP_API int rsvp_valid_pvt_protection_subobject(uint8_t *sub);
+
+/* PROTECTION accessors: getters answer 0 unless rsvp_valid_protection accepts the object;
+ * setters then write nothing. Bit setters set for any non-zero value; flag-field setters keep
+ * the low 6 bits and the reserved bits above them. */
+/* S (secondary) bit. */
+RSVP_API uint32_t RSVP_PROTECTION_S(uint8_t *obj);
+RSVP_API void RSVP_PROTECTION_SET_S(uint8_t *obj, int value);
+/* P (protecting) bit. */
+RSVP_API uint32_t RSVP_PROTECTION_P(uint8_t *obj);
+RSVP_API void RSVP_PROTECTION_SET_P(uint8_t *obj, int value);
+/* N (notification) bit. */
+RSVP_API uint32_t RSVP_PROTECTION_N(uint8_t *obj);
+RSVP_API void RSVP_PROTECTION_SET_N(uint8_t *obj, int value);
+/* O (operational) bit. */
+RSVP_API uint32_t RSVP_PROTECTION_O(uint8_t *obj);
+RSVP_API void RSVP_PROTECTION_SET_O(uint8_t *obj, int value);
+/* LSP flags, 0..63. */
+RSVP_API uint32_t RSVP_PROTECTION_LSP_FLAGS(uint8_t *obj);
+RSVP_API void RSVP_PROTECTION_SET_LSP_FLAGS(uint8_t *obj, uint8_t flags);
+/* Link flags, 0..63. */
+RSVP_API uint32_t RSVP_PROTECTION_LINK_FLAGS(uint8_t *obj);
+RSVP_API void RSVP_PROTECTION_SET_LINK_FLAGS(uint8_t *obj, uint8_t flags);
+/* I (in-place) bit. */
+RSVP_API uint32_t RSVP_PROTECTION_I(uint8_t *obj);
+RSVP_API void RSVP_PROTECTION_SET_I(uint8_t *obj, int value);
+/* R (revertive) bit. */
+RSVP_API uint32_t RSVP_PROTECTION_R(uint8_t *obj);
+RSVP_API void RSVP_PROTECTION_SET_R(uint8_t *obj, int value);
+/* Segment flags, 0..63. */
+RSVP_API uint32_t RSVP_PROTECTION_SEG_FLAGS(uint8_t *obj);
+RSVP_API void RSVP_PROTECTION_SET_SEG_FLAGS(uint8_t *obj, uint8_t flags);
+
+/* The same accessors for the private object: they act only when rsvp_valid_pvt_protection
+ * accepts it. */
+/* S (secondary) bit. */
+RSVP_API uint32_t RSVP_PVT_PROTECTION_S(uint8_t *obj);
+RSVP_API void RSVP_PVT_PROTECTION_SET_S(uint8_t *obj, int value);
+/* P (protecting) bit. */
+RSVP_API uint32_t RSVP_PVT_PROTECTION_P(uint8_t *obj);
+RSVP_API void RSVP_PVT_PROTECTION_SET_P(uint8_t *obj, int value);
+/* N (notification) bit. */
+RSVP_API uint32_t RSVP_PVT_PROTECTION_N(uint8_t *obj);
+RSVP_API void RSVP_PVT_PROTECTION_SET_N(uint8_t *obj, int value);
+/* O (operational) bit. */
+RSVP_API uint32_t RSVP_PVT_PROTECTION_O(uint8_t *obj);
+RSVP_API void RSVP_PVT_PROTECTION_SET_O(uint8_t *obj, int value);
+/* LSP flags, 0..63. */
+RSVP_API uint32_t RSVP_PVT_PROTECTION_LSP_FLAGS(uint8_t *obj);
+RSVP_API void RSVP_PVT_PROTECTION_SET_LSP_FLAGS(uint8_t *obj, uint8_t flags);
+/* Link flags, 0..63. */
+RSVP_API uint32_t RSVP_PVT_PROTECTION_LINK_FLAGS(uint8_t *obj);
+RSVP_API void RSVP_PVT_PROTECTION_SET_LINK_FLAGS(uint8_t *obj, uint8_t flags);
+/* I (in-place) bit. */
+RSVP_API uint32_t RSVP_PVT_PROTECTION_I(uint8_t *obj);
+RSVP_API void RSVP_PVT_PROTECTION_SET_I(uint8_t *obj, int value);
+/* R (revertive) bit. */
+RSVP_API uint32_t RSVP_PVT_PROTECTION_R(uint8_t *obj);
+RSVP_API void RSVP_PVT_PROTECTION_SET_R(uint8_t *obj, int value);
+/* Segment flags, 0..63. */
+RSVP_API uint32_t RSVP_PVT_PROTECTION_SEG_FLAGS(uint8_t *obj);
+RSVP_API void RSVP_PVT_PROTECTION_SET_SEG_FLAGS(uint8_t *obj, uint8_t flags);
+
+/* Type (host order) of a valid private subobject; 0 otherwise. */
+RSVP_API uint16_t RSVP_PVT_PROTECTION_SUBOBJ_TYPE(uint8_t *sub);
+/* Length (host order) of a valid private subobject; 0 otherwise. */
+RSVP_API uint16_t RSVP_PVT_PROTECTION_SUBOBJ_LENGTH(uint8_t *sub);
+/* 1 and both modes of a valid SNC subobject; 0, outputs untouched, otherwise. */
+RSVP_API int RSVP_PVT_PROTECTION_SNC_SUBOBJ_MODE(uint8_t *sub, uint8_t *mode1, uint8_t *mode2);
+/* Merges the low 3 bits of each mode into a valid SNC subobject; nothing otherwise. */
+RSVP_API void RSVP_PVT_PROTECTION_SET_SNC_SUBOBJ_MODE(uint8_t *sub, uint8_t mode1, uint8_t mode2);
+
+/* ======================================================================================
+ * LSP_ATTRIBUTES (Class-Num 197) and LSP_REQUIRED_ATTRIBUTES (67), C-Type 1: a run of TLVs
+ * (16-bit type, 16-bit length with header). The Attribute Flags TLV carries flag n as the
+ * interface value 1 << n, bit-reversed into the wire word.
+ * ====================================================================================== */
+enum { RSVP_CTYPE_LSP_ATTRIBUTES = 1 };
+enum {
+    RSVP_LSP_ATTR_TLV_HDR_LEN = 4,
+    RSVP_LSP_ATTR_TLV_ATTRIBUTE_FLAGS = 1,
+    RSVP_LSP_ATTR_ATTRIBUTE_FLAGS_TLV_LEN = 8
+};
+/* Attribute flags as interface values (flag n is 1 << n). */
+enum {
+    RSVP_LSP_ATTR_FLAG_E2E_REROUTING = 1 << 0,
+    RSVP_LSP_ATTR_FLAG_BOUNDARY_REROUTING = 1 << 1,
+    RSVP_LSP_ATTR_FLAG_SEGMENT_REROUTING = 1 << 2,
+    RSVP_LSP_ATTR_FLAG_LSP_INTEGRITY = 1 << 3,
+    RSVP_LSP_ATTR_FLAG_CONTIGUOUS_LSP = 1 << 4,
+    RSVP_LSP_ATTR_FLAG_STITCHING = 1 << 5,
+    RSVP_LSP_ATTR_FLAG_PRE_PLANNED = 1 << 6,
+    RSVP_LSP_ATTR_FLAG_NON_PHP = 1 << 7,
+    RSVP_LSP_ATTR_FLAG_OOB_MAPPING = 1 << 8,
+    RSVP_LSP_ATTR_FLAG_ENTROPY_LABEL = 1 << 9
+};
+
+/* Writes an empty object (Length 4, C-Type 1): class 67 when required is non-zero, else 197. */
+RSVP_API void rsvp_build_lsp_attributes(uint8_t *obj, int required);
+/* 1 for class 197 or 67, C-Type 1, whose TLVs (each >= 4 bytes) end exactly at the Length;
+ * else 0. */
+RSVP_API int rsvp_valid_lsp_attributes(uint8_t *obj);
+/* Appends an Attribute Flags TLV and grows the Length by 8; 1, or 0 and nothing written. The
+ * TLV lengths already present are read unconverted, so on a little-endian host it succeeds only
+ * on an empty object: add it first. Give it only objects rsvp_valid_lsp_attributes accepts. */
+RSVP_API int rsvp_add_lsp_attr_attribute_flags_tlv(uint8_t *obj, uint32_t flags);
+/* 1 and the bit-reversed word at TLV offset 4 (any TLV type); 0, untouched, for NULL args. */
+RSVP_API int rsvp_extract_lsp_attr_attribute_flags_tlv(uint8_t *tlv, uint32_t *flags);
+/* obj + 4 for a NULL current (even in an empty object: check the Length), else the TLV after
+ * current inside the object; NULL at the end or for an invalid object. */
+RSVP_API uint8_t *rsvp_get_lsp_attr_next_tlv(uint8_t *obj, uint8_t *current);
+/* TLV type in host order; 0 for NULL. */
+RSVP_API uint16_t RSVP_LSP_ATTR_TLV_TYPE(uint8_t *tlv);
+/* TLV length in host order; 0 for NULL. */
+RSVP_API uint16_t RSVP_LSP_ATTR_TLV_LEN(uint8_t *tlv);
+
+/* ======================================================================================
+ * DIFFSERV (Class-Num 65). E-LSP (C-Type 1): MAPnb in bits 31..28 of the word at offset 4,
+ * then MAPnb entries of PHBID (bits 31..16) and EXP (bits 15..13). L-LSP (C-Type 2): PSC in
+ * bits 31..16 of the word at offset 4. Bit positions are this library's, not the RFC drawing.
+ * ====================================================================================== */
+enum { RSVP_CTYPE_DIFFSERV_E_LSP = 1, RSVP_CTYPE_DIFFSERV_L_LSP = 2 };
+enum {
+    RSVP_DIFFSERV_HDR_LEN = 8,
+    RSVP_DIFFSERV_MAP_ENTRY_LEN = 4,
+    RSVP_DIFFSERV_MAX_MAP_ENTRIES = 8,
+    RSVP_DIFFSERV_NO_EXP = 9
+};
+
+/* 1 for class 65: C-Type 1 with MAPnb <= 8 and Length 8 + 4 x MAPnb, or C-Type 2 with Length 8;
+ * else 0. */
+RSVP_API int rsvp_valid_diffserv(uint8_t *obj);
+/* The Length the object must have for c_type: 8 + 4 x MAPnb (1), 8 (2); 0 otherwise or NULL. */
+RSVP_API uint16_t rsvp_diffserv_length(uint8_t *obj, uint8_t c_type);
+/* 1, MAPnb and that many entries copied unconverted (wire order); 0 for a NULL pointer. Not
+ * validated: validate first, or give room for 15 entries. */
+RSVP_API int rsvp_extract_diffserv_e_lsp(uint8_t *obj, uint8_t *map_count, uint32_t *entries);
+/* EXP (0..7) of entry index; 9 for NULL or an entry outside the object's Length. */
+RSVP_API uint8_t rsvp_diffserv_get_exp(uint8_t *obj, uint8_t index);
+/* PHBID of entry index; 0 for NULL or an entry outside the object's Length. */
+RSVP_API uint16_t rsvp_diffserv_get_phbid(uint8_t *obj, uint8_t index);
+/* 1 and the PSC (host order); 0, untouched, for a NULL pointer. Not validated. */
+RSVP_API int rsvp_extract_diffserv_l_lsp(uint8_t *obj, uint16_t *psc);
+
+/* ======================================================================================
+ * CLASSTYPE (Class-Num 66, C-Type 1, Length 8): the DiffServ-TE class type in the low 3 bits
+ * of the word at offset 4.
+ * ====================================================================================== */
+enum { RSVP_CTYPE_CLASSTYPE = 1 };
+enum { RSVP_CLASSTYPE_LEN = 8, RSVP_CLASSTYPE_MASK = 7 };
+
+/* Writes Length 8, class 66, C-Type 1 and class_type AND 7 (reserved bits zero). */
+RSVP_API void rsvp_build_class_type(uint8_t *obj, uint8_t class_type);
+/* 1 for class 66 and C-Type 1, whatever the Length; else 0. */
+RSVP_API int rsvp_valid_class_type(uint8_t *obj);
+/* Low 3 bits of the word at offset 4; no NULL or Length check (a 4-byte object is read past
+ * its end). */
+RSVP_API uint8_t rsvp_get_class_type(uint8_t *obj);
+
 #ifdef __cplusplus
 }
 #endif

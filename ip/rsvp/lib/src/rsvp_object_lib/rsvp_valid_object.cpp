@@ -53,6 +53,13 @@ consteval Table build_table() {
     put(t, RSVP_CLASS_SUGGESTED_LABEL, rsvp_valid_suggested_label);
     put(t, RSVP_CLASS_LABEL_SET, rsvp_valid_label_set_obj);
     put(t, RSVP_CLASS_ACCEPTABLE_LABEL_SET, rsvp_valid_acceptable_label_set);
+    put(t, RSVP_CLASS_SESSION_ATTRIBUTE, rsvp_valid_session_attribute);
+    put(t, RSVP_CLASS_PROTECTION, rsvp_valid_protection);
+    put(t, RSVP_CLASS_PVT_PROTECTION, rsvp_valid_pvt_protection);
+    put(t, RSVP_CLASS_LSP_REQUIRED_ATTRIBUTES, rsvp_valid_lsp_attributes);
+    put(t, RSVP_CLASS_LSP_ATTRIBUTES, rsvp_valid_lsp_attributes);
+    put(t, RSVP_CLASS_DIFFSERV, rsvp_valid_diffserv);
+    put(t, RSVP_CLASS_CLASSTYPE, rsvp_valid_class_type);
     return t;
 }
 
