@@ -46,6 +46,11 @@ consteval Table build_table() {
     put(t, RSVP_CLASS_EXPLICIT_ROUTE, rsvp_valid_explicit_route);
     put(t, RSVP_CLASS_RECORD_ROUTE, rsvp_valid_record_route);
     put(t, RSVP_CLASS_EXCLUDE_ROUTE, rsvp_valid_xro);
+    put(t, RSVP_CLASS_HELLO, rsvp_valid_hello);
+    put(t, RSVP_CLASS_MESSAGE_ID, rsvp_valid_message_id);
+    put(t, RSVP_CLASS_MESSAGE_ID_ACK, rsvp_valid_message_id_ack);
+    put(t, RSVP_CLASS_MESSAGE_ID_LIST, rsvp_valid_message_id_list);
+    put(t, RSVP_CLASS_RESTART_CAP, rsvp_valid_restart_cap);
     return t;
 }
 
