@@ -126,7 +126,7 @@ TEST(MessageId, AccessorsReadValidObjectsOnly) {
                   0u);
     }
     // Any valid class is read at the same offsets, but a shorter one is not read past its end.
-    HeapBytes tv = heap_copy(hex("00 08 05 01 12 34 56 78"));  // TIME_VALUES
+    Bytes tv = hex("00 08 05 01 12 34 56 78 ee ee ee ee");  // TIME_VALUES, then other bytes
     EXPECT_EQ(RSVP_MESSAGE_ID_FLAGS(tv.data()), 0x12);
     EXPECT_EQ(RSVP_MESSAGE_ID_LIST_EPOCH(tv.data()), 0x345678u);
     EXPECT_EQ(RSVP_MESSAGE_ID_MSGID(tv.data()) + RSVP_MESSAGE_ID_LIST_MSGID(tv.data(), 0), 0u);
