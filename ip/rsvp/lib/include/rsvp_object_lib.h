@@ -1579,6 +1579,102 @@ RSVP_API int rsvp_valid_class_type(uint8_t *obj);
  * its end). */
 RSVP_API uint8_t rsvp_get_class_type(uint8_t *obj);
 
+/* ======================================================================================
+ * Refresh reduction: MESSAGE_ID (23), MESSAGE_ID_ACK/NACK (24), MESSAGE_ID_LIST (25), and
+ * telling a refresh from a trigger. Epochs are 24-bit; identifiers cross in host order.
+ * ====================================================================================== */
+enum {
+    RSVP_CTYPE_MESSAGE_ID = 1,
+    RSVP_CTYPE_MESSAGE_ID_ACK = 1,
+    RSVP_CTYPE_MESSAGE_ID_NACK = 2,
+    RSVP_CTYPE_MESSAGE_ID_LIST = 1,
+    /* Accepted on receipt, never built: the source-list forms. */
+    RSVP_CTYPE_MESSAGE_ID_SRC_LIST_IPV4 = 2,
+    RSVP_CTYPE_MESSAGE_ID_SRC_LIST_IPV6 = 3,
+    RSVP_MESSAGE_ID_LEN = 12,
+    RSVP_MESSAGE_ID_LIST_HDR_LEN = 8,
+    RSVP_MESSAGE_ID_FLAG_ACK_DESIRED = 0x01,
+    RSVP_MESSAGE_ID_EPOCH_MAX = 0xFFFFFF
+};
+
+/* Writes MESSAGE_ID (Length 12). Stops the process for a NULL buffer or an epoch above
+ * 0xFFFFFF (the header is written by then). */
+RSVP_API void rsvp_build_message_id(uint8_t *buffer, uint32_t message_id, uint32_t epoch,
+                                    uint8_t flags);
+/* Writes MESSAGE_ID_ACK (C-Type 1, flags 0). Stops the process for a NULL buffer or an epoch
+ * above 0xFFFFFF. */
+RSVP_API void rsvp_build_message_id_ack(uint8_t *buffer, uint32_t message_id, uint32_t epoch);
+/* Writes MESSAGE_ID_NACK (class 24, C-Type 2, flags 0); stops the process as the ACK does. */
+RSVP_API void rsvp_build_message_id_nack(uint8_t *buffer, uint32_t message_id, uint32_t epoch);
+/* Writes the 8-byte head of an empty MESSAGE_ID_LIST (not yet valid). Stops the process for an
+ * epoch above 0xFFFFFF; the buffer is not tested for NULL. */
+RSVP_API void rsvp_build_message_id_list(uint8_t *buffer, uint32_t epoch, uint8_t flags);
+/* Appends an identifier behind the last whole one and grows the Length by 4, without limit;
+ * nothing for a NULL object or a Length below 8. */
+RSVP_API void rsvp_add_message_id_list(uint8_t *list, uint32_t message_id);
+/* 1 for class 23, C-Type 1, Length 12, else 0. */
+RSVP_API int rsvp_valid_message_id(uint8_t *obj);
+/* 1 for class 24, C-Type 1 or 2, Length 12, else 0. */
+RSVP_API int rsvp_valid_message_id_ack(uint8_t *obj);
+/* 1 for class 25, C-Type 1, 2 or 3 and a Length above 8 (at least one identifier), else 0. */
+RSVP_API int rsvp_valid_message_id_list(uint8_t *obj);
+/* Flags byte of a valid object; 0 otherwise. */
+RSVP_API uint8_t RSVP_MESSAGE_ID_FLAGS(uint8_t *obj);
+/* Epoch (low 24 bits of the word at offset 4) of a valid object; 0 otherwise. */
+RSVP_API uint32_t RSVP_MESSAGE_ID_EPOCH(uint8_t *obj);
+/* Message identifier (host order) of a valid object; 0 otherwise. */
+RSVP_API uint32_t RSVP_MESSAGE_ID_MSGID(uint8_t *obj);
+/* Flags byte of a valid list; 0 otherwise. */
+RSVP_API uint8_t RSVP_MESSAGE_ID_LIST_FLAGS(uint8_t *obj);
+/* Epoch of a valid list; 0 otherwise. */
+RSVP_API uint32_t RSVP_MESSAGE_ID_LIST_EPOCH(uint8_t *obj);
+/* Identifier at index (host order) of a valid list, unbounded by the Length: the caller keeps
+ * index below (Length - 8) / 4. 0 for an invalid object. */
+RSVP_API uint32_t RSVP_MESSAGE_ID_LIST_MSGID(uint8_t *obj, uint32_t index);
+
+/* 0 when run b repeats run a byte for byte once a leading INTEGRITY and then a leading
+ * MESSAGE_ID are skipped in each; 1 for any other difference, a NULL run, or a skipped object
+ * longer than its run. The same pointer twice answers 0. */
+RSVP_API int rsvp_objects_is_not_refresh(uint8_t *objs_a, uint32_t len_a, uint8_t *objs_b,
+                                         uint32_t len_b);
+
+/* ======================================================================================
+ * HELLO (Class-Num 22) and RESTART_CAP (Class-Num 131). Instances and times cross in host
+ * order; the extractors read fixed offsets without validating: validate first.
+ * ====================================================================================== */
+enum {
+    RSVP_CTYPE_HELLO_REQUEST = 1,
+    RSVP_CTYPE_HELLO_ACK = 2,
+    RSVP_HELLO_LEN = 12,
+    RSVP_CTYPE_RESTART_CAP = 1, /* written by the builder; any C-Type is accepted */
+    RSVP_RESTART_CAP_LEN = 12
+};
+
+/* Writes a HELLO REQUEST (C-Type 1, Length 12); no NULL test. */
+RSVP_API void rsvp_build_hello_request(uint8_t *buffer, uint32_t source_instance,
+                                       uint32_t destination_instance);
+/* Writes a HELLO ACK (C-Type 2, Length 12); no NULL test. */
+RSVP_API void rsvp_build_hello_ack(uint8_t *buffer, uint32_t source_instance,
+                                   uint32_t destination_instance);
+/* 1 for class 22, C-Type 1 or 2, Length 12, else 0. */
+RSVP_API int rsvp_valid_hello(uint8_t *obj);
+/* 1 and the source instance (offset 4) of an object it does not check; 0, output untouched,
+ * for a NULL pointer. */
+RSVP_API int rsvp_extract_hello_src_instance(uint8_t *obj, uint32_t *source_instance);
+/* 1 and the destination instance (offset 8), unchecked; 0, output untouched, for NULL. */
+RSVP_API int rsvp_extract_hello_dst_instance(uint8_t *obj, uint32_t *destination_instance);
+/* 1 and the C-Type byte (1 request, 2 ack), unchecked; 0, output untouched, for NULL. */
+RSVP_API int rsvp_extract_hello_msg_type(uint8_t *obj, uint8_t *msg_type);
+/* Writes a RESTART_CAP (C-Type 1, Length 12); no NULL test. */
+RSVP_API void rsvp_build_restart_cap(uint8_t *buffer, uint32_t restart_time,
+                                     uint32_t recovery_time);
+/* 1 for class 131 and Length 12, whatever the C-Type, else 0. */
+RSVP_API int rsvp_valid_restart_cap(uint8_t *obj);
+/* 1 and the restart time (offset 4), unchecked; 0, output untouched, for a NULL pointer. */
+RSVP_API int rsvp_extract_restart_cap_restart_time(uint8_t *obj, uint32_t *restart_time);
+/* 1 and the recovery time (offset 8), unchecked; 0, output untouched, for a NULL pointer. */
+RSVP_API int rsvp_extract_restart_cap_recovery_time(uint8_t *obj, uint32_t *recovery_time);
+
 #ifdef __cplusplus
 }
 #endif

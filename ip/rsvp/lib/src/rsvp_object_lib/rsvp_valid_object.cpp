@@ -60,6 +60,11 @@ consteval Table build_table() {
     put(t, RSVP_CLASS_LSP_ATTRIBUTES, rsvp_valid_lsp_attributes);
     put(t, RSVP_CLASS_DIFFSERV, rsvp_valid_diffserv);
     put(t, RSVP_CLASS_CLASSTYPE, rsvp_valid_class_type);
+    put(t, RSVP_CLASS_HELLO, rsvp_valid_hello);
+    put(t, RSVP_CLASS_MESSAGE_ID, rsvp_valid_message_id);
+    put(t, RSVP_CLASS_MESSAGE_ID_ACK, rsvp_valid_message_id_ack);
+    put(t, RSVP_CLASS_MESSAGE_ID_LIST, rsvp_valid_message_id_list);
+    put(t, RSVP_CLASS_RESTART_CAP, rsvp_valid_restart_cap);
     return t;
 }
 
