@@ -46,6 +46,12 @@ consteval Table build_table() {
     put(t, RSVP_CLASS_EXPLICIT_ROUTE, rsvp_valid_explicit_route);
     put(t, RSVP_CLASS_RECORD_ROUTE, rsvp_valid_record_route);
     put(t, RSVP_CLASS_EXCLUDE_ROUTE, rsvp_valid_xro);
+    put(t, RSVP_CLASS_ASSOCIATION, rsvp_valid_association);
+    put(t, RSVP_CLASS_REVERSE_LSP, rsvp_valid_reverse_lsp);
+    put(t, RSVP_CLASS_S2L_SUB_LSP, rsvp_valid_gen_s2l_sub_lsp);
+    put(t, RSVP_CLASS_LSP_WRAP_LABEL, rsvp_valid_lsp_wrap_label);
+    put(t, RSVP_CLASS_ADMIN_STATUS, rsvp_valid_admin_status_object);
+    put(t, RSVP_CLASS_GENERALIZED_UNI, rsvp_valid_gen_uni_attr);
     return t;
 }
 
