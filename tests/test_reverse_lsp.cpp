@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <pthread.h>
 
 #include <string>
 #include <tuple>
@@ -82,14 +83,26 @@ TEST(ReverseLsp, Validation) {
     EXPECT_EQ(rsvp_valid_reverse_lsp(nullptr), 0);
 }
 
-// 16,383 containers, each holding the next: the deepest nesting a 64 KB object allows.
-TEST(ReverseLsp, DeepestNestingValidates) {
-    Bytes b(65532);
+// 16,383 containers, each holding the next: the deepest nesting a 64 KB object allows,
+// validated on a thread with a 128 KB stack (the nesting must not nest as many calls).
+TEST(ReverseLsp, DeepestNestingValidatesOnASmallStack) {
+    static Bytes b(65532);
     for (size_t at = 0; at < b.size(); at += 4)
         rsvp_build_object(&b[at], 203, 1, uint16_t(65532 - at));
-    EXPECT_EQ(rsvp_valid_object(b.data()), 1u);
-    b[65531] = 2;  // the innermost container gets C-Type 2
-    EXPECT_EQ(rsvp_valid_object(b.data()), 0u);
+    static uint32_t verdicts[2];
+    auto run = [](void *) -> void * {
+        verdicts[0] = rsvp_valid_object(b.data());
+        b[65531] = 2;  // the innermost container gets C-Type 2
+        verdicts[1] = rsvp_valid_object(b.data());
+        return nullptr;
+    };
+    pthread_attr_t attr;
+    pthread_attr_init(&attr);
+    pthread_attr_setstacksize(&attr, 128 * 1024);
+    pthread_t thread;
+    ASSERT_EQ(pthread_create(&thread, &attr, run, nullptr), 0);
+    pthread_join(thread, nullptr);
+    EXPECT_EQ(verdicts[0] * 10 + verdicts[1], 10u);
 }
 
 TEST(ReverseLsp, SumOfLengthsAndUnsupportedContents) {

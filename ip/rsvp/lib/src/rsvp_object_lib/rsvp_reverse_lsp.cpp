@@ -11,8 +11,9 @@
 //
 // The contained objects are walked as a message body is (rsvp_next_nonnull_object): null
 // objects are skipped, and a malformed object ends the walk. A REVERSE_LSP may hold another,
-// which the validator checks through rsvp_valid_object in turn.
+// which must validate in turn.
 #include <array>
+#include <utility>
 
 #include "rsvp_object_internal.hpp"
 
@@ -35,9 +36,8 @@ bool walk_contents(uint8_t *container, Visit visit) {
 
 // Lengths and the duplicate rule. A contained object is refused when the next object of its
 // class in the walk has the same C-Type; only that next one counts, so ERO/1, ERO/2, ERO/1 is
-// accepted. Remembering the last C-Type seen per class answers that in one pass. Kept out of
-// line so that the table is not on the stack of every nesting level of the validator.
-__attribute__((noinline)) bool contents_shaped(uint8_t *container) {
+// accepted. Remembering the last C-Type seen per class answers that in one pass.
+bool contents_shaped(uint8_t *container) {
     constexpr unsigned kClasses = 256, kBitsPerWord = 32;
     std::array<uint32_t, kClasses / kBitsPerWord> seen{};
     std::array<uint8_t, kClasses> last_ctype;  // read only where seen is set
@@ -54,9 +54,34 @@ __attribute__((noinline)) bool contents_shaped(uint8_t *container) {
     });
 }
 
-bool contents_valid(uint8_t *container) {
-    return walk_contents(
-        container, [](uint8_t *o, uint32_t) { return rsvp_valid_object(o) == RSVP_OBJECT_VALID; });
+// What rsvp_valid_object demands of a REVERSE_LSP before its contents are looked at.
+bool container_header_ok(const uint8_t *obj) {
+    const uint16_t length = obj_length(obj);
+    return obj_is(obj, kClass, kCType) && length >= kObjHdrLen && length % kObjAlign == 0;
+}
+
+// The contents of a container whose header is sound: shaped, and every contained object valid
+// as rsvp_valid_object would answer. A contained REVERSE_LSP is checked here rather than
+// through rsvp_valid_object, so that a hostile 64 KB object nested 16,382 deep does not nest
+// as many calls: the largest contained container is taken on in this loop and only the others
+// recurse, each at most half the size of its parent's contents, so the recursion stays below
+// 16 levels. The verdict is the same conjunction, in another order.
+bool contents_ok(uint8_t *container) {
+    for (;;) {
+        if (obj_length(container) == kObjHdrLen) return true;
+        if (!contents_shaped(container)) return false;
+        uint8_t *largest = nullptr;
+        const bool others_ok = walk_contents(container, [&](uint8_t *o, uint32_t) {
+            if (obj_class(o) != kClass) return rsvp_valid_object(o) == RSVP_OBJECT_VALID;
+            if (!container_header_ok(o)) return false;
+            uint8_t *smaller = o;
+            if (!largest || obj_length(o) > obj_length(largest)) std::swap(smaller, largest);
+            return !smaller || contents_ok(smaller);
+        });
+        if (!others_ok) return false;
+        if (!largest) return true;
+        container = largest;
+    }
 }
 
 }  // namespace
@@ -77,11 +102,7 @@ int rsvp_add_reverse_lsp_subobj(uint8_t *reverse_lsp, uint8_t *obj) {
 }
 
 int rsvp_valid_reverse_lsp(uint8_t *obj) {
-    if (!obj || !obj_is(obj, kClass, kCType)) return 0;
-    const uint16_t length = obj_length(obj);
-    if (length < kObjHdrLen || length % kObjAlign != 0) return 0;
-    if (length == kObjHdrLen) return 1;
-    return contents_shaped(obj) && contents_valid(obj);
+    return obj && container_header_ok(obj) && contents_ok(obj);
 }
 
 int rsvp_get_reverse_lsp_subobjs(uint8_t *obj, uint8_t **first, uint16_t *length) {
