@@ -1,7 +1,6 @@
 // A point-to-multipoint Path built by a head end and read by a leaf: SESSION C-Type 13, the
-// sender, one S2L_SUB_LSP per leaf, an extended ASSOCIATION naming the reverse LSP, and a
-// REVERSE_LSP holding that LSP's EXPLICIT_ROUTE and SENDER_TSPEC. Every object is built by
-// the library, then the message is walked and validated as one.
+// sender, an S2L_SUB_LSP, an extended ASSOCIATION naming the reverse LSP, and a REVERSE_LSP
+// holding that LSP's EXPLICIT_ROUTE and SENDER_TSPEC, walked and validated as one message.
 #include <gtest/gtest.h>
 
 #include <vector>
@@ -12,58 +11,43 @@
 using namespace rsvp_test;
 
 TEST(P2mpEndToEnd, PathWithAssociationAndReverseLspValidatesAsOneMessage) {
-    uint8_t msg[256] = {};
+    uint8_t msg[256] = {}, ero[16] = {}, tspec[36] = {};
     uint8_t *p = msg + RSVP_MSG_HDR_LEN;
-    auto next = [&] { p += RSVP_OBJECT_LENGTH(p); };
-    rsvp_build_session_p2mp_lsp_ipv4(p, 77, 5, ip("10.0.0.1"));
-    next();
-    rsvp_build_hop_ipv4(p, ip("10.0.0.1"), 3);
-    next();
-    rsvp_build_refresh(p, 30000);
-    next();
-    rsvp_build_template_lsp_p2mp_ipv4(p, ip("10.0.0.1"), 1, ip("10.0.0.1"), 1);
-    next();
-    rsvp_build_s2l_sub_lsp_ipv4(p, ip("10.0.0.9"));
-    next();
-    const uint32_t ext_ids[] = {0xA1, 0xA2};
-    ASSERT_EQ(rsvp_build_association_ipv4_ext(p, RSVP_ASSOCIATION_TYPE_DOUBLE_SIDED_BIDIR, 42,
-                                              ip("10.0.0.1"), 65001, ext_ids, 2),
-              1);
-    next();
-    uint8_t ero[16] = {}, tspec[36] = {};
+    const uint32_t head = ip("10.0.0.1"), ext_ids[] = {0xA1, 0xA2};
+    rsvp_build_session_p2mp_lsp_ipv4(p, 77, 5, head);
+    rsvp_build_hop_ipv4(p += 16, head, 3);
+    rsvp_build_refresh(p += 12, 30000);
+    rsvp_build_template_lsp_p2mp_ipv4(p += 8, head, 1, head, 1);
+    rsvp_build_s2l_sub_lsp_ipv4(p += 20, ip("10.0.0.9"));
+    rsvp_build_association_ipv4_ext(p += 8, RSVP_ASSOCIATION_TYPE_DOUBLE_SIDED_BIDIR, 42, head,
+                                    65001, ext_ids, 2);
     rsvp_build_explicit_route(ero);
-    ASSERT_EQ(rsvp_add_explicit_route_ipv4(ero, 0, ip("10.0.0.1"), 32), 1);
+    rsvp_add_explicit_route_ipv4(ero, 0, head, 32);
     rsvp_build_tspec(tspec, 1250000, 1250000, 1250000, 0, 1500);
-    uint8_t *reverse = p;
-    rsvp_build_reverse_lsp(p);
+    rsvp_build_reverse_lsp(p += 24);
     ASSERT_EQ(rsvp_add_reverse_lsp_subobj(p, ero) + rsvp_add_reverse_lsp_subobj(p, tspec), 2);
-    next();
-    const auto length = static_cast<uint16_t>(p - msg);
-    rsvp_build_msg_hdr(1, 63, length, 0, msg);
+    rsvp_build_msg_hdr(1, 63, static_cast<uint16_t>(p + RSVP_OBJECT_LENGTH(p) - msg), 0, msg);
 
     // The leaf: every object of the message is valid, and the P2MP objects read back.
     std::vector<uint32_t> classes;
     uint8_t *first = RSVP_MESSAGE_FIRST_OBJECT_PTR(msg);
-    uint32_t remaining = RSVP_MESSAGE_OBJ_LEN(msg);
+    const uint32_t len = RSVP_MESSAGE_OBJ_LEN(msg);
+    uint32_t remaining = len;
     for (uint8_t *o = first; o; o = rsvp_next_nonnull_object(o, &remaining)) {
         EXPECT_EQ(rsvp_valid_object(o), 1u) << RSVP_OBJECT_CLASS(o);
         classes.push_back(RSVP_OBJECT_CLASS(o));
     }
     EXPECT_EQ(classes, (std::vector<uint32_t>{1, 3, 5, 11, 50, 199, 203}));
-    const uint32_t len = RSVP_MESSAGE_OBJ_LEN(msg);
     EXPECT_EQ(RSVP_S2L_SUB_LSP_DESTINATION(rsvp_first_object_type(first, len, 50)), ip("10.0.0.9"));
-    uint16_t type = 0, id = 0, count = 0;
+    uint16_t type = 0, id = 0, count = 0, inner_len = 0;
     uint32_t src = 0, global = 0, ids[2] = {};
     ASSERT_EQ(rsvp_extract_association_ipv4_ext(rsvp_first_object_type(first, len, 199), &type, &id,
                                                 &src, &global, ids, sizeof ids, &count),
               1);
     EXPECT_EQ(std::vector<uint32_t>({type, id, src, global, count, ids[0], ids[1]}),
-              (std::vector<uint32_t>{3, 42, ip("10.0.0.1"), 65001, 2, 0xA1, 0xA2}));
-    uint8_t *inner = nullptr;
-    uint16_t inner_len = 0;
-    ASSERT_EQ(
-        rsvp_get_reverse_lsp_subobjs(rsvp_first_object_type(first, len, 203), &inner, &inner_len),
-        1);
+              (std::vector<uint32_t>{3, 42, head, 65001, 2, 0xA1, 0xA2}));
+    uint8_t *reverse = rsvp_first_object_type(first, len, 203), *inner = nullptr;
+    ASSERT_EQ(rsvp_get_reverse_lsp_subobjs(reverse, &inner, &inner_len), 1);
     EXPECT_EQ(rsvp_reverse_lsp_subs_inc_unsupported(inner, inner_len), 0);
     EXPECT_EQ(rsvp_object_compare(rsvp_first_object_type(inner, inner_len, 20), ero), 0);
     EXPECT_EQ(rsvp_object_compare(rsvp_first_object_type(inner, inner_len, 12), tspec), 0);
