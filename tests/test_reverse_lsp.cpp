@@ -12,11 +12,10 @@ using namespace rsvp_test;
 namespace {
 
 const std::string kEro = "00 0c 14 01 01 08 0a 00 0c 02 20 00 ";  // strict 10.0.12.2/32
-const std::string kEro16 = "00 10 14 01 01 08 0a 00 0c 02 20 00 81 04 00 00 ";
-const std::string kTspec =  // Intserv token bucket, 36 bytes
+const std::string kTspec =                                        // Intserv token bucket, 36 bytes
     "00 24 0c 02 00 00 00 07 01 00 00 06 7f 00 00 05 49 98 96 80 "
     "49 98 96 80 7f 80 00 00 00 00 00 00 00 00 05 dc ";
-const std::string kRro = "00 08 15 01 00 00 00 00 ";  // a class-21 object, not checked here
+const std::string kRro = "00 08 15 01 00 00 00 00 ";  // class 21, not looked at here
 // POLICY_DATA accepts any C-Type: two kinds of one class.
 const std::string kPol1 = "00 04 0e 01 ", kPol2 = "00 04 0e 02 ";
 
@@ -29,13 +28,11 @@ Bytes reverse_lsp(const std::string &contents) {
 TEST(ReverseLsp, BuildAndAddCopiesWholeObjects) {
     Bytes b(64, 0xEE);
     rsvp_build_reverse_lsp(b.data());
-    // Refused, nothing written: an invalid or unknown-class object, a null pointer.
+    // Refused, nothing written: an invalid or an unknown-class object.
     Bytes ero = hex(kEro.c_str()), tspec = hex(kTspec.c_str()), bad = hex("00 0c 14 01 03 08");
     Bytes unknown = hex("00 04 02 01");
     EXPECT_EQ(rsvp_add_reverse_lsp_subobj(b.data(), bad.data()) +
-                  rsvp_add_reverse_lsp_subobj(b.data(), unknown.data()) +
-                  rsvp_add_reverse_lsp_subobj(nullptr, ero.data()) +
-                  rsvp_add_reverse_lsp_subobj(b.data(), nullptr),
+                  rsvp_add_reverse_lsp_subobj(b.data(), unknown.data()),
               0);
     ASSERT_EQ(rsvp_add_reverse_lsp_subobj(b.data(), ero.data()) +
                   rsvp_add_reverse_lsp_subobj(b.data(), tspec.data()),
@@ -45,10 +42,7 @@ TEST(ReverseLsp, BuildAndAddCopiesWholeObjects) {
     uint16_t len = 0;
     ASSERT_EQ(rsvp_get_reverse_lsp_subobjs(b.data(), &first, &len), 1);
     EXPECT_EQ(std::tuple(first, len), std::tuple(b.data() + 4, 48));
-    b[3] = 2;  // invalid now: outputs untouched
-    EXPECT_EQ(rsvp_get_reverse_lsp_subobjs(b.data(), &first, &len) +
-                  rsvp_get_reverse_lsp_subobjs(b.data() + 4, nullptr, &len),
-              0);
+    EXPECT_EQ(rsvp_get_reverse_lsp_subobjs(b.data() + 4, &first, &len), 0);  // not a container
     EXPECT_EQ(std::tuple(first, len), std::tuple(b.data() + 4, 48));
 }
 
@@ -60,7 +54,6 @@ TEST(ReverseLsp, Validation) {
         {kEro + kEro, 0},
         {kEro + kTspec + kEro, 0},
         {kPol1 + kPol2 + kPol1, 1},
-        {kPol1 + kPol2 + kPol2, 0},
         {kEro + "00 00 00 00 " + kTspec, 1},            // null object skipped
         {"00 04 00 00 " + kEro, 0},                     // a leading null object is not valid
         {kEro + "00 04 02 01 ", 0},                     // unknown class
@@ -73,13 +66,10 @@ TEST(ReverseLsp, Validation) {
     for (const auto &[contents, valid] : rows) {
         SCOPED_TRACE(contents);
         HeapBytes o = heap_copy(reverse_lsp(contents));
-        EXPECT_EQ(rsvp_valid_reverse_lsp(o.data()), valid);
         EXPECT_EQ(rsvp_valid_object(o.data()), static_cast<uint32_t>(valid));
     }
-    const char *headers[] = {"00 04 cb 02", "00 0a cb 01 00 04 0e 01 00 00", "00 04 ca 01"};
-    for (const char *h : headers)
+    for (const char *h : {"00 04 cb 02", "00 0a cb 01 00 04 0e 01 00 00", "00 04 ca 01"})
         EXPECT_EQ(rsvp_valid_reverse_lsp(hex(h).data()), 0) << h;
-    EXPECT_EQ(rsvp_valid_reverse_lsp(nullptr), 0);
 }
 
 // 16,383 containers, each holding the next: the deepest nesting a 64 KB object allows,
@@ -87,35 +77,30 @@ TEST(ReverseLsp, Validation) {
 TEST(ReverseLsp, DeepestNestingValidatesOnASmallStack) {
     static Bytes b(65532);
     for (size_t at = 0; at < b.size(); at += 4)
-        rsvp_build_object(&b[at], 203, 1, uint16_t(65532 - at));
-    static uint32_t verdicts[2];
-    auto run = [](void *) -> void * {
-        verdicts[0] = rsvp_valid_object(b.data());
-        b[65531] = 2;  // the innermost container gets C-Type 2
-        verdicts[1] = rsvp_valid_object(b.data());
-        return nullptr;
-    };
+        rsvp_build_object(&b[at], 203, 1, 65532 - at);
+    static uint32_t verdicts;
     pthread_attr_t attr;
+    pthread_t thread;
     pthread_attr_init(&attr);
     pthread_attr_setstacksize(&attr, 128 * 1024);
-    pthread_t thread;
-    ASSERT_EQ(pthread_create(&thread, &attr, run, nullptr), 0);
-    pthread_join(thread, nullptr);
-    EXPECT_EQ(verdicts[0] * 10 + verdicts[1], 10u);
+    auto run = [](void *) -> void * {
+        verdicts = rsvp_valid_object(b.data()) * 10;
+        b[65531] = 2;  // the innermost container gets C-Type 2
+        verdicts += rsvp_valid_object(b.data());
+        return nullptr;
+    };
+    ASSERT_EQ(pthread_create(&thread, &attr, run, nullptr) + pthread_join(thread, nullptr), 0);
+    EXPECT_EQ(verdicts, 10u);
 }
 
 TEST(ReverseLsp, SumOfLengthsAndUnsupportedContents) {
     // ERO 16, ERO 12, TSPEC 36, RRO 8: the second ERO is left out.
-    Bytes o = reverse_lsp(kEro16 + kEro + kTspec + kRro);
+    Bytes o =
+        reverse_lsp("00 10 14 01 01 08 0a 00 0c 02 20 00 81 04 00 00 " + kEro + kTspec + kRro);
     EXPECT_EQ(rsvp_compute_reverse_lsp_sub_objs_len(o.data()), 60);
     // The second TSPEC is left out; a Length of 0 ends the walk before the RRO.
     o = reverse_lsp(kTspec + kEro + kTspec + "00 00 00 00 " + kRro);
     EXPECT_EQ(rsvp_compute_reverse_lsp_sub_objs_len(o.data()), 36 + 12);
-    HeapBytes over = heap_copy(hex("00 08 cb 01 00 0c 01 01"));  // runs 4 past the end: counted
-    EXPECT_EQ(rsvp_compute_reverse_lsp_sub_objs_len(over.data()), 12);
-    EXPECT_EQ(rsvp_compute_reverse_lsp_sub_objs_len(hex("00 04 cb 01").data()) +
-                  rsvp_compute_reverse_lsp_sub_objs_len(nullptr),
-              0);
     const std::pair<std::string, int> runs[] = {
         {kEro + kTspec + kEro, 0}, {kEro + kRro, 1}, {"00 04 00 00 " + kEro, 1}, {kPol1, 1}};
     for (const auto &[run, unsupported] : runs) {
@@ -123,12 +108,10 @@ TEST(ReverseLsp, SumOfLengthsAndUnsupportedContents) {
         EXPECT_EQ(rsvp_reverse_lsp_subs_inc_unsupported(r.data(), uint16_t(r.size)), unsupported)
             << run;
     }
-    // The walk ends at the given length, before the RRO; a null run or length is nothing.
+    // The walk ends at the given length, before the RRO; a length below a header is nothing.
     Bytes run = hex((kEro + kRro).c_str());
-    HeapBytes rro = heap_copy(hex(kRro.c_str()));  // a length below a header looks at nothing
+    HeapBytes rro = heap_copy(hex(kRro.c_str()));
     EXPECT_EQ(rsvp_reverse_lsp_subs_inc_unsupported(run.data(), 12) +
-                  rsvp_reverse_lsp_subs_inc_unsupported(rro.data(), 3) +
-                  rsvp_reverse_lsp_subs_inc_unsupported(run.data(), 0) +
-                  rsvp_reverse_lsp_subs_inc_unsupported(nullptr, 20),
+                  rsvp_reverse_lsp_subs_inc_unsupported(rro.data(), 3),
               0);
 }
