@@ -4,6 +4,7 @@
 // precondition (subobjects that end exactly at the Length).
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 
 #include "fuzz_registry.hpp"
 #include "rsvp_object_lib.h"
@@ -45,9 +46,12 @@ void exercise_one(const Object &o) {
          sub = rsvp_extract_gen_uni_attr_next_subobj(obj, sub))
         subobject(sub);
     if (!tiles(o.obj, o.length)) return;
+    // The addresses come from the object's first bytes (its header: always there).
+    uint32_t address;
+    std::memcpy(&address, o.obj, sizeof address);
     Scratch g = scratch_copy(o, 2 * RSVP_GUA_TNA_IPV4_LEN);
     const int added =
-        rsvp_add_src_tna_ipv4(g.data(), 0x010200c0) + rsvp_add_dst_tna_ipv4(g.data(), 0x026433c6);
+        rsvp_add_src_tna_ipv4(g.data(), address) + rsvp_add_dst_tna_ipv4(g.data(), ~address);
     // An appended TNA keeps a valid object valid.
     if (valid && added && !rsvp_valid_gen_uni_attr(g.data())) std::abort();
 }
