@@ -19,8 +19,13 @@ const std::string kRro = "00 08 15 01 00 00 00 00 ";  // class 21, not looked at
 // POLICY_DATA accepts any C-Type: two kinds of one class.
 const std::string kPol1 = "00 04 0e 01 ", kPol2 = "00 04 0e 02 ";
 
+// Written out whole rather than through object(): the optimiser then sees no vector insert
+// of a possibly empty body (which GCC 12 warns about at -O2).
 Bytes reverse_lsp(const std::string &contents) {
-    return object(203, 1, hex(contents.c_str()));
+    Bytes o = hex(("00 00 cb 01 " + contents).c_str());
+    o[0] = static_cast<uint8_t>(o.size() >> 8);
+    o[1] = static_cast<uint8_t>(o.size());
+    return o;
 }
 
 }  // namespace
