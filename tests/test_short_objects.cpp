@@ -58,7 +58,6 @@ const Accessor kAccessors[] = {
     {"RSVP_REFRESH_TIME", [](uint8_t *o) { return u(RSVP_REFRESH_TIME(o)); }, 8, {}},
     {"RSVP_CONFIRM_ADDR", [](uint8_t *o) { return u(RSVP_CONFIRM_ADDR(o)); }, 8, {}},
     {"RSVP_SCOPE_IPV4_ADDR", [](uint8_t *o) { return u(RSVP_SCOPE_IPV4_ADDR(o, 0)); }, 8, {}},
-    {"RSVP_SCOPE_IPV4_ADDR 2", [](uint8_t *o) { return u(RSVP_SCOPE_IPV4_ADDR(o, 2)); }, 16, {RSVP_CLASS_SCOPE}, 16},
     {"RSVP_STYLE_RESERVATION_TYPE", [](uint8_t *o) { return u(RSVP_STYLE_RESERVATION_TYPE(o)); }, 8, {}},
     {"RSVP_STYLE_SET_RESERVATION_TYPE", [](uint8_t *o) { RSVP_STYLE_SET_RESERVATION_TYPE(o, 0x12); return u(0); }, 8, {}},
     {"RSVP_ERROR_NODE", [](uint8_t *o) { return u(RSVP_ERROR_NODE(o)); }, 8, {}},
