@@ -78,8 +78,6 @@ constexpr uint32_t kBaselineLatency = 0;
 bool valid_v(uint8_t *obj) {
     return rsvp_valid_object(obj) == RSVP_OBJECT_VALID;
 }
-constexpr unsigned kVersionEnd = kOverallLenOffset;
-constexpr unsigned kOverallLenEnd = kFirstFragOffset;
 constexpr unsigned kHopsValueEnd = kHopsValueOffset + kWordLen;
 constexpr unsigned kBandwidthValueEnd = kBandwidthValueOffset + kWordLen;
 constexpr unsigned kLatencyValueEnd = kLatencyValueOffset + kWordLen;

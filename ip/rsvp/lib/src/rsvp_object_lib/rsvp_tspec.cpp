@@ -57,8 +57,6 @@ uint8_t *general_fragment(uint8_t *obj) {
 bool dispatch_accepts(uint8_t *obj) {
     return rsvp_valid_object(obj) == RSVP_OBJECT_VALID;
 }
-constexpr unsigned kVersionEnd = kOverallLenOffset;
-constexpr unsigned kOverallLenEnd = kFirstFragOffset;
 
 }  // namespace
 
