@@ -5,6 +5,7 @@
 
 #include <arpa/inet.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -57,8 +58,14 @@ inline std::string to_hex(const Bytes &b) {
 // An object with the given header fields around body; length defaults to 4 + body size.
 inline Bytes object(uint8_t class_num, uint8_t c_type, const Bytes &body, int length = -1) {
     const size_t len = length < 0 ? 4 + body.size() : static_cast<size_t>(length);
-    Bytes out{static_cast<uint8_t>(len >> 8), static_cast<uint8_t>(len), class_num, c_type};
-    out.insert(out.end(), body.begin(), body.end());
+    // Sized once and filled in place: g++ 12 at -O3 sees a false out-of-bounds copy when a
+    // 4-byte vector grows by insert.
+    Bytes out(4 + body.size());
+    out[0] = static_cast<uint8_t>(len >> 8);
+    out[1] = static_cast<uint8_t>(len);
+    out[2] = class_num;
+    out[3] = c_type;
+    std::copy(body.begin(), body.end(), out.begin() + 4);
     return out;
 }
 
