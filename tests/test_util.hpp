@@ -101,8 +101,9 @@ inline uint32_t ip(const char *dotted) {
 }  // namespace rsvp_test
 
 // The library's assertion stops the process by its store to address 1, which faults with
-// SIGSEGV; under AddressSanitizer the sanitizer's SEGV handler reports that address and exits
-// instead. Either way the report line comes first.
+// SIGSEGV; the report line comes first. In a plain build a handler states the faulting address
+// and returns, so that the store faults again and kills the process. Under AddressSanitizer the
+// sanitizer's SEGV handler reports the address and exits instead.
 #if defined(__SANITIZE_ADDRESS__)
 #define RSVP_TEST_ASAN 1
 #elif defined(__has_feature)
@@ -114,6 +115,26 @@ inline uint32_t ip(const char *dotted) {
 #define EXPECT_RSVP_ASSERT(statement, regex) \
     EXPECT_DEATH(statement, std::string(regex) + ".*SEGV on unknown address 0x0+1 ")
 #else
-#define EXPECT_RSVP_ASSERT(statement, regex) \
-    EXPECT_EXIT(statement, testing::KilledBySignal(SIGSEGV), regex)
+#include <unistd.h>
+namespace rsvp_test {
+inline void state_fault_address() {
+    struct sigaction sa {};
+    sa.sa_flags = SA_SIGINFO | SA_RESETHAND;
+    sa.sa_sigaction = [](int, siginfo_t *info, void *) {
+        char text[] = "fault at 0x0000000000000000\n";
+        auto addr = reinterpret_cast<uintptr_t>(info->si_addr);
+        for (size_t i = sizeof text - 3; addr; --i, addr >>= 4)
+            text[i] = "0123456789abcdef"[addr & 15];
+        if (write(STDERR_FILENO, text, sizeof text - 1) < 0) return;
+    };
+    sigaction(SIGSEGV, &sa, nullptr);
+}
+}  // namespace rsvp_test
+#define EXPECT_RSVP_ASSERT(statement, regex)  \
+    EXPECT_EXIT(                              \
+        {                                     \
+            rsvp_test::state_fault_address(); \
+            statement;                        \
+        },                                    \
+        testing::KilledBySignal(SIGSEGV), std::string(regex) + ".*fault at 0x0+1\n")
 #endif
