@@ -28,7 +28,7 @@ std::string flag_names(uint8_t flags) {
 std::string value_list(const uint32_t *values, unsigned count) {
     std::string s;
     for (unsigned i = 0; i < count; ++i)
-        s += (i ? " " : "") + std::to_string(values[i]);
+        s.append(i ? " " : "").append(std::to_string(values[i]));
     return s.empty() ? "(none)" : s;
 }
 

@@ -18,15 +18,22 @@ using Table = std::array<Validator, RSVP_CLASS_MAX>;
 // Class-Num outside the table.
 void duplicate_or_out_of_range_row() {}
 
-consteval void put(Table &table, unsigned class_num, Validator validate) {
-    if (class_num == 0 || class_num > RSVP_CLASS_MAX || table[class_num - 1] != nullptr ||
-        validate == nullptr)
+// Filled slots are tracked apart from the pointers: with null-pointer sanitizing, g++ no longer
+// takes a comparison of a function's address with null as a constant expression.
+struct Rows {
+    Table table{};
+    std::array<bool, RSVP_CLASS_MAX> filled{};
+};
+
+consteval void put(Rows &rows, unsigned class_num, Validator validate) {
+    if (class_num == 0 || class_num > RSVP_CLASS_MAX || rows.filled[class_num - 1])
         duplicate_or_out_of_range_row();
-    table[class_num - 1] = validate;
+    rows.filled[class_num - 1] = true;
+    rows.table[class_num - 1] = validate;
 }
 
 consteval Table build_table() {
-    Table t{};
+    Rows t;
     // One row per known class, grouped by family; each family adds its rows when it lands.
     put(t, RSVP_CLASS_SESSION, rsvp_valid_session_ipv4);
     put(t, RSVP_CLASS_RSVP_HOP, rsvp_valid_hop);
@@ -71,7 +78,7 @@ consteval Table build_table() {
     put(t, RSVP_CLASS_LSP_WRAP_LABEL, rsvp_valid_lsp_wrap_label);
     put(t, RSVP_CLASS_ADMIN_STATUS, rsvp_valid_admin_status_object);
     put(t, RSVP_CLASS_GENERALIZED_UNI, rsvp_valid_gen_uni_attr);
-    return t;
+    return t.table;
 }
 
 constexpr Table kValidators = build_table();
