@@ -1579,6 +1579,336 @@ RSVP_API int rsvp_valid_class_type(uint8_t *obj);
  * its end). */
 RSVP_API uint8_t rsvp_get_class_type(uint8_t *obj);
 
+/* ======================================================================================
+ * Refresh reduction: MESSAGE_ID (23), MESSAGE_ID_ACK/NACK (24), MESSAGE_ID_LIST (25), and
+ * telling a refresh from a trigger. Epochs are 24-bit; identifiers cross in host order.
+ * ====================================================================================== */
+enum {
+    RSVP_CTYPE_MESSAGE_ID = 1,
+    RSVP_CTYPE_MESSAGE_ID_ACK = 1,
+    RSVP_CTYPE_MESSAGE_ID_NACK = 2,
+    RSVP_CTYPE_MESSAGE_ID_LIST = 1,
+    /* Accepted on receipt, never built: the source-list forms. */
+    RSVP_CTYPE_MESSAGE_ID_SRC_LIST_IPV4 = 2,
+    RSVP_CTYPE_MESSAGE_ID_SRC_LIST_IPV6 = 3,
+    RSVP_MESSAGE_ID_LEN = 12,
+    RSVP_MESSAGE_ID_LIST_HDR_LEN = 8,
+    RSVP_MESSAGE_ID_FLAG_ACK_DESIRED = 0x01,
+    RSVP_MESSAGE_ID_EPOCH_MAX = 0xFFFFFF
+};
+
+/* Writes MESSAGE_ID (Length 12). Stops the process for a NULL buffer or an epoch above
+ * 0xFFFFFF (the header is written by then). */
+RSVP_API void rsvp_build_message_id(uint8_t *buffer, uint32_t message_id, uint32_t epoch,
+                                    uint8_t flags);
+/* Writes MESSAGE_ID_ACK (C-Type 1, flags 0). Stops the process for a NULL buffer or an epoch
+ * above 0xFFFFFF. */
+RSVP_API void rsvp_build_message_id_ack(uint8_t *buffer, uint32_t message_id, uint32_t epoch);
+/* Writes MESSAGE_ID_NACK (class 24, C-Type 2, flags 0); stops the process as the ACK does. */
+RSVP_API void rsvp_build_message_id_nack(uint8_t *buffer, uint32_t message_id, uint32_t epoch);
+/* Writes the 8-byte head of an empty MESSAGE_ID_LIST (not yet valid). Stops the process for an
+ * epoch above 0xFFFFFF; the buffer is not tested for NULL. */
+RSVP_API void rsvp_build_message_id_list(uint8_t *buffer, uint32_t epoch, uint8_t flags);
+/* Appends an identifier behind the last whole one and grows the Length by 4, without limit;
+ * nothing for a NULL object or a Length below 8. */
+RSVP_API void rsvp_add_message_id_list(uint8_t *list, uint32_t message_id);
+/* 1 for class 23, C-Type 1, Length 12, else 0. */
+RSVP_API int rsvp_valid_message_id(uint8_t *obj);
+/* 1 for class 24, C-Type 1 or 2, Length 12, else 0. */
+RSVP_API int rsvp_valid_message_id_ack(uint8_t *obj);
+/* 1 for class 25, C-Type 1, 2 or 3 and a Length above 8 (at least one identifier), else 0. */
+RSVP_API int rsvp_valid_message_id_list(uint8_t *obj);
+/* Flags byte of a valid object; 0 otherwise. */
+RSVP_API uint8_t RSVP_MESSAGE_ID_FLAGS(uint8_t *obj);
+/* Epoch (low 24 bits of the word at offset 4) of a valid object; 0 otherwise. */
+RSVP_API uint32_t RSVP_MESSAGE_ID_EPOCH(uint8_t *obj);
+/* Message identifier (host order) of a valid object; 0 otherwise. */
+RSVP_API uint32_t RSVP_MESSAGE_ID_MSGID(uint8_t *obj);
+/* Flags byte of a valid list; 0 otherwise. */
+RSVP_API uint8_t RSVP_MESSAGE_ID_LIST_FLAGS(uint8_t *obj);
+/* Epoch of a valid list; 0 otherwise. */
+RSVP_API uint32_t RSVP_MESSAGE_ID_LIST_EPOCH(uint8_t *obj);
+/* Identifier at index (host order) of a valid list, unbounded by the Length: the caller keeps
+ * index below (Length - 8) / 4. 0 for an invalid object. */
+RSVP_API uint32_t RSVP_MESSAGE_ID_LIST_MSGID(uint8_t *obj, uint32_t index);
+
+/* 0 when run b repeats run a byte for byte once a leading INTEGRITY and then a leading
+ * MESSAGE_ID are skipped in each; 1 for any other difference, a NULL run, or a skipped object
+ * longer than its run. The same pointer twice answers 0. */
+RSVP_API int rsvp_objects_is_not_refresh(uint8_t *objs_a, uint32_t len_a, uint8_t *objs_b,
+                                         uint32_t len_b);
+
+/* ======================================================================================
+ * HELLO (Class-Num 22) and RESTART_CAP (Class-Num 131). Instances and times cross in host
+ * order; the extractors read fixed offsets without validating: validate first.
+ * ====================================================================================== */
+enum {
+    RSVP_CTYPE_HELLO_REQUEST = 1,
+    RSVP_CTYPE_HELLO_ACK = 2,
+    RSVP_HELLO_LEN = 12,
+    RSVP_CTYPE_RESTART_CAP = 1, /* written by the builder; any C-Type is accepted */
+    RSVP_RESTART_CAP_LEN = 12
+};
+
+/* Writes a HELLO REQUEST (C-Type 1, Length 12); no NULL test. */
+RSVP_API void rsvp_build_hello_request(uint8_t *buffer, uint32_t source_instance,
+                                       uint32_t destination_instance);
+/* Writes a HELLO ACK (C-Type 2, Length 12); no NULL test. */
+RSVP_API void rsvp_build_hello_ack(uint8_t *buffer, uint32_t source_instance,
+                                   uint32_t destination_instance);
+/* 1 for class 22, C-Type 1 or 2, Length 12, else 0. */
+RSVP_API int rsvp_valid_hello(uint8_t *obj);
+/* 1 and the source instance (offset 4) of an object it does not check; 0, output untouched,
+ * for a NULL pointer. */
+RSVP_API int rsvp_extract_hello_src_instance(uint8_t *obj, uint32_t *source_instance);
+/* 1 and the destination instance (offset 8), unchecked; 0, output untouched, for NULL. */
+RSVP_API int rsvp_extract_hello_dst_instance(uint8_t *obj, uint32_t *destination_instance);
+/* 1 and the C-Type byte (1 request, 2 ack), unchecked; 0, output untouched, for NULL. */
+RSVP_API int rsvp_extract_hello_msg_type(uint8_t *obj, uint8_t *msg_type);
+/* Writes a RESTART_CAP (C-Type 1, Length 12); no NULL test. */
+RSVP_API void rsvp_build_restart_cap(uint8_t *buffer, uint32_t restart_time,
+                                     uint32_t recovery_time);
+/* 1 for class 131 and Length 12, whatever the C-Type, else 0. */
+RSVP_API int rsvp_valid_restart_cap(uint8_t *obj);
+/* 1 and the restart time (offset 4), unchecked; 0, output untouched, for a NULL pointer. */
+RSVP_API int rsvp_extract_restart_cap_restart_time(uint8_t *obj, uint32_t *restart_time);
+/* 1 and the recovery time (offset 8), unchecked; 0, output untouched, for a NULL pointer. */
+RSVP_API int rsvp_extract_restart_cap_recovery_time(uint8_t *obj, uint32_t *recovery_time);
+
+/* ======================================================================================
+ * ASSOCIATION (Class-Num 199): ties an LSP to others (recovery, resource sharing,
+ * bidirectional LSPs). Type and ID cross in host order; source addresses in wire order,
+ * exactly as the caller hands them; the global association source and the extended IDs in
+ * host order.
+ * ====================================================================================== */
+enum {
+    RSVP_CTYPE_ASSOCIATION_IPV4 = 1,
+    RSVP_CTYPE_ASSOCIATION_IPV6 = 2,
+    RSVP_CTYPE_ASSOCIATION_IPV4_EXT = 3,
+    RSVP_CTYPE_ASSOCIATION_IPV6_EXT = 4
+};
+/* Lengths: exact for the plain forms, the fixed part of the extended forms (each extended ID
+ * adds 4). The IPv6 extended fixed part is reckoned as 32 bytes although its IDs start at 28,
+ * so its Length counts 4 bytes behind the last ID that the builder never writes. */
+enum {
+    RSVP_ASSOCIATION_IPV4_LEN = 12,
+    RSVP_ASSOCIATION_IPV6_LEN = 24,
+    RSVP_ASSOCIATION_IPV4_EXT_LEN = 16,
+    RSVP_ASSOCIATION_IPV6_EXT_LEN = 32,
+    RSVP_ASSOCIATION_IPV4_EXT_IDS_OFFSET = 16,
+    RSVP_ASSOCIATION_IPV6_EXT_IDS_OFFSET = 28
+};
+/* Association types. */
+enum {
+    RSVP_ASSOCIATION_TYPE_RECOVERY = 1,
+    RSVP_ASSOCIATION_TYPE_RESOURCE_SHARING = 2,
+    RSVP_ASSOCIATION_TYPE_DOUBLE_SIDED_BIDIR = 3,
+    RSVP_ASSOCIATION_TYPE_SINGLE_SIDED_BIDIR = 4
+};
+
+/* Writes a 12-byte IPv4 ASSOCIATION; 1, or 0 for a null buffer. */
+RSVP_API int rsvp_build_association_ipv4(uint8_t *obj, uint16_t type, uint16_t id, uint32_t source);
+/* Writes a 24-byte IPv6 ASSOCIATION, the source words s0..s3 unconverted; 1, or 0 for NULL. */
+RSVP_API int rsvp_build_association_ipv6(uint8_t *obj, uint16_t type, uint16_t id, uint32_t s0,
+                                         uint32_t s1, uint32_t s2, uint32_t s3);
+/* Writes an extended IPv4 ASSOCIATION of 16 + 4 x count bytes (IDs written only when ext_ids is
+ * non-null); 1, or 0 and nothing written for a null buffer or a non-null ext_ids with count 0. */
+RSVP_API int rsvp_build_association_ipv4_ext(uint8_t *obj, uint16_t type, uint16_t id,
+                                             uint32_t source, uint32_t global_source,
+                                             const uint32_t *ext_ids, uint16_t count);
+/* Writes an extended IPv6 ASSOCIATION of 32 + 4 x count bytes, IDs from offset 28; bytes behind
+ * the last ID are not written. 1, or 0 and nothing written as for the IPv4 form. */
+RSVP_API int rsvp_build_association_ipv6_ext(uint8_t *obj, uint16_t type, uint16_t id, uint32_t s0,
+                                             uint32_t s1, uint32_t s2, uint32_t s3,
+                                             uint32_t global_source, const uint32_t *ext_ids,
+                                             uint16_t count);
+/* 1 after writing type, ID and source of an IPv4 form; 0 (nothing written) for any NULL pointer.
+ * The object is not validated: its first 12 bytes are read as they stand. */
+RSVP_API int rsvp_extract_association_ipv4(uint8_t *obj, uint16_t *type, uint16_t *id,
+                                           uint32_t *source);
+/* 1 after writing type, ID and the four source words of an IPv6 form; 0 (nothing written) for
+ * any NULL pointer. The object is not validated: its first 24 bytes are read as they stand. */
+RSVP_API int rsvp_extract_association_ipv6(uint8_t *obj, uint16_t *type, uint16_t *id,
+                                           uint32_t *source);
+/* Extended IPv4 form, not validated: 0 for a NULL pointer (ids may be NULL); else writes type,
+ * ID, source, global source and *count = (Length - 16) / 4 (0 below 16), then answers 0 if
+ * ids_capacity (in bytes) is below 4 x count, else copies the IDs (when ids, ids_capacity and count
+ * are non-zero) and answers 1. */
+RSVP_API int rsvp_extract_association_ipv4_ext(uint8_t *obj, uint16_t *type, uint16_t *id,
+                                               uint32_t *source, uint32_t *global_source,
+                                               uint32_t *ids, uint32_t ids_capacity,
+                                               uint16_t *count);
+/* Extended IPv6 form, as the IPv4 one with four source words, IDs from offset 28 and
+ * *count = (Length - 32) / 4 (0 below 32). */
+RSVP_API int rsvp_extract_association_ipv6_ext(uint8_t *obj, uint16_t *type, uint16_t *id,
+                                               uint32_t *source, uint32_t *global_source,
+                                               uint32_t *ids, uint32_t ids_capacity,
+                                               uint16_t *count);
+/* 1 for an ASSOCIATION of C-Type 1 to 4 that its form's validator accepts, else 0. */
+RSVP_API int rsvp_valid_association(uint8_t *obj);
+/* 1 for class 199, C-Type 1, Length exactly 12; else 0. */
+RSVP_API int rsvp_valid_association_ipv4(uint8_t *obj);
+/* 1 for class 199, C-Type 2, Length exactly 24; else 0. */
+RSVP_API int rsvp_valid_association_ipv6(uint8_t *obj);
+/* 1 for class 199, C-Type 3, Length at least 16 and a multiple of 4; else 0. */
+RSVP_API int rsvp_valid_association_ipv4_ext(uint8_t *obj);
+/* 1 for class 199, C-Type 4, Length at least 32 and a multiple of 4; else 0. */
+RSVP_API int rsvp_valid_association_ipv6_ext(uint8_t *obj);
+/* Bytes of extended IDs: Length - 16 when the Length exceeds 16, else 0 (0 for NULL). */
+RSVP_API uint16_t rsvp_compute_association_ipv4_ext_id_len(uint8_t *obj);
+/* Bytes of extended IDs: Length - 32 when the Length exceeds 32, else 0 (0 for NULL). */
+RSVP_API uint16_t rsvp_compute_association_ipv6_ext_id_len(uint8_t *obj);
+
+/* ======================================================================================
+ * REVERSE_LSP (Class-Num 203): the objects of the reverse direction of a bidirectional LSP,
+ * carried whole (each with its own object header) behind a 4-byte header.
+ * ====================================================================================== */
+enum { RSVP_CTYPE_REVERSE_LSP = 1 };
+
+/* Writes an empty REVERSE_LSP: Length 4, class 203, C-Type 1. */
+RSVP_API void rsvp_build_reverse_lsp(uint8_t *obj);
+/* Appends a copy of a whole object that rsvp_valid_object accepts (answers 1) and grows the
+ * container by its Length; 1, or 0 and nothing written for NULL or a rejected object. Neither
+ * the container's room nor the object's class is checked. */
+RSVP_API int rsvp_add_reverse_lsp_subobj(uint8_t *reverse_lsp, uint8_t *obj);
+/* 1 for a REVERSE_LSP whose contained objects each answer 1 from rsvp_valid_object, where no
+ * contained object is followed by a next object of its class with the same C-Type; else 0. */
+RSVP_API int rsvp_valid_reverse_lsp(uint8_t *obj);
+/* 1 and the first contained object and the bytes of contained objects (Length - 4) of a valid
+ * REVERSE_LSP; 0 with the outputs untouched otherwise or for a NULL pointer. */
+RSVP_API int rsvp_get_reverse_lsp_subobjs(uint8_t *obj, uint8_t **first, uint16_t *length);
+/* Sum (modulo 65,536) of the Lengths of the contained objects, counting only the first
+ * EXPLICIT_ROUTE and the first SENDER_TSPEC; 0 for NULL or a Length of 4 or less. */
+RSVP_API uint16_t rsvp_compute_reverse_lsp_sub_objs_len(uint8_t *obj);
+/* 1 if the run of objects holds an object of a class other than SENDER_TSPEC (12) and
+ * EXPLICIT_ROUTE (20), the first object of the run included; else 0 (also for NULL). */
+RSVP_API int rsvp_reverse_lsp_subs_inc_unsupported(uint8_t *first, uint16_t length);
+
+/* ======================================================================================
+ * S2L_SUB_LSP (Class-Num 50): one leaf of a point-to-multipoint LSP. The destination crosses
+ * in wire order.
+ * ====================================================================================== */
+enum { RSVP_CTYPE_S2L_SUB_LSP_IPV4 = 1, RSVP_CTYPE_S2L_SUB_LSP_IPV6 = 2 };
+enum { RSVP_S2L_SUB_LSP_IPV4_LEN = 8, RSVP_S2L_SUB_LSP_IPV6_LEN = 20 };
+
+/* Writes an 8-byte IPv4 S2L_SUB_LSP. */
+RSVP_API void rsvp_build_s2l_sub_lsp_ipv4(uint8_t *obj, uint32_t destination);
+/* 1 for class 50 with C-Type 1 and Length 8 or C-Type 2 and Length 20; else 0. */
+RSVP_API int rsvp_valid_gen_s2l_sub_lsp(uint8_t *obj);
+/* 1 and the destination of a valid IPv4 S2L_SUB_LSP; 0 and output untouched otherwise. */
+RSVP_API int rsvp_extract_s2l_sub_lsp_ipv4(uint8_t *obj, uint32_t *destination);
+/* The word at offset 4, unconverted, of an object that rsvp_valid_object accepts; else 0. */
+RSVP_API uint32_t RSVP_S2L_SUB_LSP_DESTINATION(uint8_t *obj);
+
+/* ======================================================================================
+ * LSP wrap label (Class-Num 235): one 32-bit label, host order at this interface.
+ * ====================================================================================== */
+enum { RSVP_CTYPE_LSP_WRAP_LABEL = 1, RSVP_LSP_WRAP_LABEL_LEN = 8 };
+
+/* Writes an 8-byte wrap label object holding *label; 1, or 0 (nothing written) for NULL. */
+RSVP_API int rsvp_build_lsp_wrap_label(uint8_t *obj, const uint32_t *label);
+/* 1 for class 235, C-Type 1, Length exactly 8; else 0. */
+RSVP_API int rsvp_valid_lsp_wrap_label(uint8_t *obj);
+/* 1, the label and a count of 1 for a valid wrap label object; 0, outputs untouched, else. */
+RSVP_API int rsvp_extract_lsp_wrap_label(uint8_t *obj, uint32_t *label, uint16_t *count);
+
+/* ======================================================================================
+ * ADMIN_STATUS (Class-Num 196): the administrative status bits of an LSP. The builder stores
+ * the status word in host byte order while the extractor reads the bits at their network
+ * positions: on a little-endian host an object built here extracts with every flag clear.
+ * Write wire-correct bits with RSVP_ADMIN_STATUS_INFO_SET_FLAGS.
+ * ====================================================================================== */
+enum { RSVP_CTYPE_ADMIN_STATUS = 1, RSVP_ADMIN_STATUS_LEN = 8 };
+/* Status word bits: Reflect, Testing, Administratively down, Deletion in progress. */
+#define RSVP_ADMIN_STATUS_FLAG_R 0x80000000u
+#define RSVP_ADMIN_STATUS_FLAG_T 0x00000004u
+#define RSVP_ADMIN_STATUS_FLAG_A 0x00000002u
+#define RSVP_ADMIN_STATUS_FLAG_D 0x00000001u
+
+/* The four flags: 1 set, 0 clear (the builder treats every value other than 1 as clear). */
+typedef struct rsvp_admin_status_info {
+    uint8_t d;
+    uint8_t a;
+    uint8_t t;
+    uint8_t r;
+} rsvp_admin_status_info;
+
+/* Writes an 8-byte ADMIN_STATUS (C-Type 1) whose status word lies in host byte order; nothing
+ * for a NULL pointer. */
+RSVP_API void rsvp_build_admin_status_object(uint8_t *obj, const rsvp_admin_status_info *info);
+/* 1 for class 196 and Length exactly 8, whatever the C-Type; else 0. */
+RSVP_API int rsvp_valid_admin_status_object(uint8_t *obj);
+/* 1 and all four flags from the network-order status word of a class-196, 8-byte object; 0 and
+ * the record untouched otherwise. */
+RSVP_API int rsvp_extract_admin_status_object(uint8_t *obj, rsvp_admin_status_info *info);
+/* Field D of the record; 0 for NULL. */
+RSVP_API uint8_t RSVP_ADMIN_STATUS_INFO_D(const rsvp_admin_status_info *info);
+/* Stores field D; nothing for NULL. */
+RSVP_API void RSVP_ADMIN_STATUS_INFO_SET_D(rsvp_admin_status_info *info, uint8_t d);
+/* Field A of the record; 0 for NULL. */
+RSVP_API uint8_t RSVP_ADMIN_STATUS_INFO_A(const rsvp_admin_status_info *info);
+/* Stores field A; nothing for NULL. */
+RSVP_API void RSVP_ADMIN_STATUS_INFO_SET_A(rsvp_admin_status_info *info, uint8_t a);
+/* Field T of the record; 0 for NULL. */
+RSVP_API uint8_t RSVP_ADMIN_STATUS_INFO_T(const rsvp_admin_status_info *info);
+/* Stores field T; nothing for NULL. */
+RSVP_API void RSVP_ADMIN_STATUS_INFO_SET_T(rsvp_admin_status_info *info, uint8_t t);
+/* Field R of the record; 0 for NULL. */
+RSVP_API uint8_t RSVP_ADMIN_STATUS_INFO_R(const rsvp_admin_status_info *info);
+/* Stores field R; nothing for NULL. */
+RSVP_API void RSVP_ADMIN_STATUS_INFO_SET_R(rsvp_admin_status_info *info, uint8_t r);
+/* Stores host-order flags into *status_word in network byte order; nothing for NULL. */
+RSVP_API void RSVP_ADMIN_STATUS_INFO_SET_FLAGS(uint32_t *status_word, uint32_t flags);
+
+/* ======================================================================================
+ * GENERALIZED_UNI (Class-Num 208): UNI attributes as subobjects shaped like object headers
+ * (16-bit length, type, sub-type). TNA addresses cross in wire order.
+ * ====================================================================================== */
+enum { RSVP_CTYPE_GENERALIZED_UNI = 1 };
+enum {
+    RSVP_GUA_SUBOBJ_HDR_LEN = 4,
+    RSVP_GUA_SUBOBJ_SRC_TNA = 1,
+    RSVP_GUA_SUBOBJ_DST_TNA = 2,
+    RSVP_GUA_SUBOBJ_DIVERSITY = 3,
+    RSVP_GUA_SUBOBJ_EGRESS_LABEL = 4,
+    RSVP_GUA_SUBOBJ_SERVICE_LEVEL = 5,
+    RSVP_GUA_SUBTYPE_IPV4 = 1,
+    RSVP_GUA_TNA_IPV4_LEN = 8
+};
+
+/* Writes an empty GENERALIZED_UNI: Length 4, class 208, C-Type 1. */
+RSVP_API void rsvp_build_gen_uni_attr(uint8_t *obj);
+/* Appends an IPv4 source TNA (8 bytes); 1, or 0 and nothing written for NULL, a Length below 4
+ * or a source TNA already present. Stops the process if the subobjects do not end exactly at
+ * the object Length (a zero-length subobject included). */
+RSVP_API int rsvp_add_src_tna_ipv4(uint8_t *obj, uint32_t address);
+/* Appends an IPv4 destination TNA, as rsvp_add_src_tna_ipv4 does for the source. */
+RSVP_API int rsvp_add_dst_tna_ipv4(uint8_t *obj, uint32_t address);
+/* 1 for a subobject of type 1..5, sub-type 1, length at least 4 and a multiple of 4 (exactly 8
+ * for the TNA types); else 0. */
+RSVP_API int rsvp_valid_gen_uni_attr_subobject(uint8_t *sub);
+/* 1 for class 208, C-Type 1 and valid subobjects that end exactly at the Length; else 0. */
+RSVP_API int rsvp_valid_gen_uni_attr(uint8_t *obj);
+/* The valid subobject after prev (the first for NULL) of a valid object, or NULL. A candidate
+ * that starts exactly at the object end is still examined: stop when the lengths add up to the
+ * object Length, or keep a zero word behind the object. */
+RSVP_API uint8_t *rsvp_extract_gen_uni_attr_next_subobj(uint8_t *obj, uint8_t *prev);
+/* 1 and the address (wire order) of a valid source TNA subobject; 0, output untouched, else. */
+RSVP_API int rsvp_extract_src_tna_ipv4_subobj(uint8_t *sub, uint32_t *address);
+/* 1 and the address (wire order) of a valid destination TNA subobject; 0, untouched, else. */
+RSVP_API int rsvp_extract_dst_tna_ipv4_subobj(uint8_t *sub, uint32_t *address);
+/* obj + 4 for an object that rsvp_valid_object accepts; NULL otherwise. */
+RSVP_API uint8_t *RSVP_SUB_GUA_SUBOBJ_PTR(uint8_t *obj);
+/* Length of a valid subobject (host order); 0 otherwise. */
+RSVP_API uint16_t RSVP_SUB_GUA_LENGTH(uint8_t *sub);
+/* Type of a valid subobject; 0 otherwise. */
+RSVP_API uint8_t RSVP_SUB_GUA_TYPE(uint8_t *sub);
+/* Word at +4 (wire order) of any valid subobject, whatever its type; 0 otherwise. A 4-byte
+ * subobject has it read from the 4 bytes behind it. */
+RSVP_API uint32_t RSVP_SUB_GUA_SRC_IPV4_ADDR(uint8_t *sub);
+/* The same word as RSVP_SUB_GUA_SRC_IPV4_ADDR. */
+RSVP_API uint32_t RSVP_SUB_GUA_DST_IPV4_ADDR(uint8_t *sub);
+
 #ifdef __cplusplus
 }
 #endif

@@ -60,6 +60,17 @@ consteval Table build_table() {
     put(t, RSVP_CLASS_LSP_ATTRIBUTES, rsvp_valid_lsp_attributes);
     put(t, RSVP_CLASS_DIFFSERV, rsvp_valid_diffserv);
     put(t, RSVP_CLASS_CLASSTYPE, rsvp_valid_class_type);
+    put(t, RSVP_CLASS_HELLO, rsvp_valid_hello);
+    put(t, RSVP_CLASS_MESSAGE_ID, rsvp_valid_message_id);
+    put(t, RSVP_CLASS_MESSAGE_ID_ACK, rsvp_valid_message_id_ack);
+    put(t, RSVP_CLASS_MESSAGE_ID_LIST, rsvp_valid_message_id_list);
+    put(t, RSVP_CLASS_RESTART_CAP, rsvp_valid_restart_cap);
+    put(t, RSVP_CLASS_ASSOCIATION, rsvp_valid_association);
+    put(t, RSVP_CLASS_REVERSE_LSP, rsvp_valid_reverse_lsp);
+    put(t, RSVP_CLASS_S2L_SUB_LSP, rsvp_valid_gen_s2l_sub_lsp);
+    put(t, RSVP_CLASS_LSP_WRAP_LABEL, rsvp_valid_lsp_wrap_label);
+    put(t, RSVP_CLASS_ADMIN_STATUS, rsvp_valid_admin_status_object);
+    put(t, RSVP_CLASS_GENERALIZED_UNI, rsvp_valid_gen_uni_attr);
     return t;
 }
 
