@@ -113,13 +113,15 @@ TEST(Diffserv, ValidatorFollowsMapCount) {
 
 // Entries as this library lays them out: PHBID in the high half, EXP in bits 15..13.
 TEST(Diffserv, EntriesAndPsc) {
-    Bytes e = object(65, 1, hex("20000000 0012a000 ffff1fff")), l = object(65, 2, hex("abcd ffff"));
-    // Entry 0, entry 1, entry 2 (behind the Length), and a null object: 9 marks no EXP.
-    EXPECT_EQ(rsvp_diffserv_get_phbid(e.data(), 0) * 10 + rsvp_diffserv_get_exp(e.data(), 0),
-              0x12 * 10 + 5);
-    EXPECT_EQ(rsvp_diffserv_get_phbid(e.data(), 1) * 10 + rsvp_diffserv_get_exp(e.data(), 1),
-              0xffff * 10);
-    EXPECT_EQ(rsvp_diffserv_get_phbid(e.data(), 2) * 10 + rsvp_diffserv_get_exp(e.data(), 2), 9);
+    Bytes e = object(65, 1, hex("20000000 0012a000 ffff1fff abcd6000"), 16);
+    Bytes l = object(65, 2, hex("abcd ffff"));
+    // The index is the caller's to bound: entry 2 lies behind the Length and is read all the
+    // same. Only a null object answers 9 (and PHBID 0).
+    const int rows[][3] = {{0, 0x12, 5}, {1, 0xffff, 0}, {2, 0xabcd, 3}};
+    for (const auto &[i, phbid, exp] : rows) {
+        EXPECT_EQ(rsvp_diffserv_get_phbid(e.data(), uint8_t(i)), phbid) << i;
+        EXPECT_EQ(rsvp_diffserv_get_exp(e.data(), uint8_t(i)), exp) << i;
+    }
     EXPECT_EQ(rsvp_diffserv_get_phbid(nullptr, 0) * 10 + rsvp_diffserv_get_exp(nullptr, 0), 9);
     uint8_t n = 0;
     uint32_t entries[3] = {};
