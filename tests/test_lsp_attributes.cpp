@@ -7,36 +7,20 @@
 
 using namespace rsvp_test;
 
-// The flags TLV goes in first only: the add reads existing TLV lengths unconverted, so on this
-// little-endian host an 8-byte TLV reads as 2048 and the second add refuses.
-TEST(LspAttributes, FlagsTlvIsAddedFirstOnly) {
-    Bytes o(24, 0xEE);
-    rsvp_build_lsp_attributes(o.data(), 0);
-    EXPECT_EQ(to_hex(o.data(), 4), "00 04 c5 01");
-    EXPECT_EQ(rsvp_add_lsp_attr_attribute_flags_tlv(o.data(), 1), 1);
-    EXPECT_EQ(to_hex(o.data(), 13), "00 0c c5 01 00 01 00 08 80 00 00 00 ee");
-    const Bytes built = o;
-    EXPECT_EQ(rsvp_add_lsp_attr_attribute_flags_tlv(o.data(), 2), 0);
-    EXPECT_EQ(o, built);
-    rsvp_build_lsp_attributes(o.data(), 1);
-    EXPECT_EQ(to_hex(o.data(), 4), "00 04 43 01");
-    // 1 to 4 bytes hold no TLV, even where the unconverted bytes 04 00 read 4.
-    for (int len = 5; len <= 8; ++len) {
-        Bytes cut = object(197, 1, hex("00 01 04 00"), len);
-        EXPECT_EQ(rsvp_add_lsp_attr_attribute_flags_tlv(cut.data(), 2), 0) << len;
-    }
-    EXPECT_EQ(rsvp_add_lsp_attr_attribute_flags_tlv(nullptr, 2), 0);
-}
-
-// Flag n at the interface is wire bit 31 - n, both ways; any TLV type is read.
-TEST(LspAttributes, FlagsAreBitReversed) {
-    const uint32_t rows[][2] = {
-        {0x00000001, 0x80000000}, {0x0000F00F, 0xF00F0000}, {0x12345678, 0x1E6A2C48}};
+// Flag n at the interface is wire bit 31 - n, both ways, and any TLV type is read. The flags
+// TLV goes in first only: the add reads existing TLV lengths unconverted, so on this
+// little-endian host an 8-byte TLV reads as 2048 and a second add refuses.
+TEST(LspAttributes, FlagsTlvIsAddedFirstOnlyAndBitReversed) {
+    const std::pair<uint32_t, const char *> rows[] = {
+        {0x00000001, "80 00 00 00"}, {0x0000F00F, "f0 0f 00 00"}, {0x12345678, "1e 6a 2c 48"}};
     for (const auto &[flags, wire] : rows) {
-        Bytes o(12, 0);
+        Bytes o(16, 0xEE);
         rsvp_build_lsp_attributes(o.data(), 0);
-        ASSERT_EQ(rsvp_add_lsp_attr_attribute_flags_tlv(o.data(), flags), 1);
-        EXPECT_EQ(uint32_t(o[8] << 24 | o[9] << 16 | o[10] << 8 | o[11]), wire);
+        EXPECT_EQ(rsvp_add_lsp_attr_attribute_flags_tlv(o.data(), flags), 1);
+        EXPECT_EQ(to_hex(o.data(), 13), std::string("00 0c c5 01 00 01 00 08 ") + wire + " ee");
+        const Bytes built = o;
+        EXPECT_EQ(rsvp_add_lsp_attr_attribute_flags_tlv(o.data(), 2), 0);
+        EXPECT_EQ(o, built);
         o[5] = 9;  // TLV type 9: read all the same
         uint32_t out = 0;
         EXPECT_EQ(rsvp_extract_lsp_attr_attribute_flags_tlv(o.data() + 4, &out) +
@@ -45,6 +29,15 @@ TEST(LspAttributes, FlagsAreBitReversed) {
                   1);
         EXPECT_EQ(out, flags);
     }
+    Bytes required(4, 0);
+    rsvp_build_lsp_attributes(required.data(), 1);
+    EXPECT_EQ(to_hex(required), "00 04 43 01");
+    // 1 to 4 bytes hold no TLV, even where the unconverted bytes 04 00 read 4.
+    for (int len = 5; len <= 8; ++len) {
+        Bytes cut = object(197, 1, hex("00 01 04 00"), len);
+        EXPECT_EQ(rsvp_add_lsp_attr_attribute_flags_tlv(cut.data(), 2), 0) << len;
+    }
+    EXPECT_EQ(rsvp_add_lsp_attr_attribute_flags_tlv(nullptr, 2), 0);
 }
 
 // TLVs of at least 4 bytes (not necessarily words) must end exactly at the Length.
