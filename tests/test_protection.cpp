@@ -51,10 +51,10 @@ TEST(Protection, AccessorsOwnTheirBitsAndNeedTheirValidator) {
             for (int b = 0; b < 8; ++b)
                 EXPECT_EQ(ones[4 + b], uint8_t(0xFF & ~hex(a.body)[b]));
             EXPECT_EQ(a.get[which](ones.data()) + a.get[which](nullptr), 0u);
-            // The twin's object is not touched.
-            Bytes twin = object(which ? 37 : 190, which ? 2 : 252, Bytes(8, 0)), twin0 = twin;
-            a.set[which](twin.data(), 1);
-            EXPECT_EQ(twin, twin0);
+            // The twin's object reads 0 and is not touched.
+            Bytes twin = object(which ? 37 : 190, which ? 2 : 252, Bytes(8, 0xFF)), twin0 = twin;
+            a.set[which](twin.data(), 0);
+            EXPECT_EQ(a.get[which](twin.data()) + (twin != twin0), 0u);
         }
     }
 }
