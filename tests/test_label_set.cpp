@@ -7,12 +7,12 @@ using namespace rsvp_test;
 
 TEST(LabelSet, BuildAddExtract) {
     Bytes b(20, 0xEE), d(16, 0xEE);
-    EXPECT_EQ(rsvp_build_label_set_obj(b.data(), RSVP_LABEL_SET_INCLUSIVE_LIST, 0xC001), b.data());
+    EXPECT_EQ(rsvp_build_label_set_obj(b.data(), RSVP_LABEL_SET_INCLUSIVE_LIST, 0xC101), b.data());
     rsvp_add_label_set_obj(b.data(), 16);
     rsvp_add_label_set_obj(b.data(), 0x12345678);
     rsvp_add_label_set_obj(nullptr, 1);
-    // length 16, class 36, C-Type 1 | action 0, reserved 0, type 1 (top bits masked) | labels
-    EXPECT_EQ(to_hex(b), "00 10 24 01 00 00 00 01 00 00 00 10 12 34 56 78 ee ee ee ee");
+    // length 16, class 36, C-Type 1 | action 0, reserved 0, type 0x101 (top bits masked) | labels
+    EXPECT_EQ(to_hex(b), "00 10 24 01 00 00 01 01 00 00 00 10 12 34 56 78 ee ee ee ee");
     // The 32-bit builder, for class 130: Length 16, action 3, type 2, then the same labels.
     const uint32_t in[] = {16, 0x12345678};
     rsvp_build_32bit_label_set(d.data(), 130, 2, 3, 2, in);
