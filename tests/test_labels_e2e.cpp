@@ -55,4 +55,7 @@ TEST(LabelsEndToEnd, GmplsPathAndResvWithSonetSdhLabel) {
     EXPECT_EQ(close_and_walk(resv, 2 /* Resv */, p + RSVP_OBJECT_LENGTH(p)),
               (std::vector<unsigned>{1, 8, 10, 16}));
     EXPECT_EQ(to_hex(label, 12), "00 0c 10 02 00 01 11 11 00 01 11 12");
+    uint32_t f[5] = {};
+    ASSERT_EQ(rsvp_extract_gen_label_sonet_sdh(label, 1, &f[0], &f[1], &f[2], &f[3], &f[4]), 1);
+    EXPECT_EQ(std::vector<uint32_t>(f, f + 5), (std::vector<uint32_t>{1, 1, 1, 1, 2}));
 }
