@@ -115,12 +115,28 @@ TEST(ExcludeRoute, LengthSweepWalkAndCount) {
     EXPECT_EQ(rsvp_xro_subobj_count(b.data()), 0u);
 }
 
-// The values read back are checked end to end (test_routes_e2e); here, what the extractors do
-// not check: no validation, no type test, every output optional.
+// The walk and the values read back; what the extractors do not check: no validation, no
+// type test, every output optional.
 TEST(ExcludeRoute, ExtractorsTrustTheirCallerAndAccessors) {
     Bytes b = hex(kXro);
-    uint8_t *ipv4 = b.data() + 4, *unnum = b.data() + 12, *lsp = b.data() + 32, l_bit = 9;
-    uint32_t srlg = 0;
+    uint8_t *ipv4 = b.data() + 4, *unnum = b.data() + 12, *srlg_sub = b.data() + 24,
+            *lsp = b.data() + 32, *sub = nullptr, l[4] = {}, attr[3] = {}, plen = 0, flags = 0;
+    for (uint8_t *want : {ipv4, unnum, srlg_sub, lsp})
+        EXPECT_EQ(sub = rsvp_get_xro_next_sub_hdr(b.data(), sub), want);
+    uint32_t a[3] = {}, srlg = 0, router = 0, if_id = 0;
+    uint16_t tunnel = 0, lsp_id = 0;
+    EXPECT_EQ(rsvp_extract_xro_ipv4_subobj(ipv4, &l[0], &a[0], &plen, &attr[0]) +
+                  rsvp_extract_xro_unnum_ifid_subobj(unnum, &l[1], &attr[1], &router, &if_id) +
+                  rsvp_extract_xro_srlg_subobj(srlg_sub, &l[2], &srlg),
+              3);
+    EXPECT_EQ(std::tuple(l[0], a[0], plen, attr[0], l[1], attr[1], router, if_id, l[2], srlg),
+              std::tuple(1, ip("10.0.0.1"), 24, 5, 0, 2, ip("1.1.1.1"), 7u, 1, 100u));
+    EXPECT_EQ(rsvp_extract_xro_lsp_subobj(lsp, &l[3], &attr[2], &flags, &tunnel, &lsp_id, &a[0],
+                                          &a[1], &a[2]),
+              1);
+    EXPECT_EQ(std::tuple(l[3], attr[2], flags, tunnel, lsp_id, a[0], a[1], a[2]),
+              std::tuple(1, 1, 3, 42, 5, ip("10.0.0.2"), ip("10.0.0.9"), ip("10.0.0.1")));
+    uint8_t l_bit = 9;
     EXPECT_EQ(rsvp_extract_xro_srlg_subobj(ipv4, &l_bit, &srlg), 1);
     EXPECT_EQ(std::tuple(l_bit, srlg), std::tuple(1, 0x0a000001u));  // address read as SRLG id
     EXPECT_EQ(rsvp_extract_xro_ipv4_subobj(ipv4, nullptr, nullptr, nullptr, nullptr) +

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "rsvp_object_lib.h"
 #include "test_util.hpp"
 
@@ -20,18 +22,17 @@ TEST(ObjectHeader, BuildAndAccessors) {
     Bytes b(8, 0xEE);
     rsvp_build_object(b.data(), 20, 1, 0x0104);
     EXPECT_EQ(to_hex(b), "01 04 14 01 ee ee ee ee");  // the body is left alone
-    EXPECT_EQ(RSVP_OBJECT_LENGTH(b.data()), 0x104);
-    EXPECT_EQ(RSVP_OBJECT_CLASS(b.data()), 20u);
-    EXPECT_EQ(RSVP_OBJECT_C_TYPE(b.data()), 1u);
+    EXPECT_EQ(std::tuple(RSVP_OBJECT_LENGTH(b.data()), RSVP_OBJECT_CLASS(b.data()),
+                         RSVP_OBJECT_C_TYPE(b.data())),
+              std::tuple(0x104, 20u, 1u));
     RSVP_SET_OBJECT_LENGTH(b.data(), 12);
     RSVP_OBJECT_SET_CLASS(b.data(), 207);
     RSVP_OBJECT_SET_C_TYPE(b.data(), 7);
     EXPECT_EQ(to_hex(b.data(), 4), "00 0c cf 07");
     EXPECT_EQ(rsvp_next_object(b.data()), b.data() + 12);
 
-    EXPECT_EQ(RSVP_OBJECT_LENGTH(nullptr), 0);
-    EXPECT_EQ(RSVP_OBJECT_CLASS(nullptr), 0u);
-    EXPECT_EQ(RSVP_OBJECT_C_TYPE(nullptr), 0u);
+    EXPECT_EQ(
+        RSVP_OBJECT_LENGTH(nullptr) + RSVP_OBJECT_CLASS(nullptr) + RSVP_OBJECT_C_TYPE(nullptr), 0u);
     RSVP_SET_OBJECT_LENGTH(nullptr, 4);
     RSVP_OBJECT_SET_CLASS(nullptr, 1);
     RSVP_OBJECT_SET_C_TYPE(nullptr, 1);
@@ -177,15 +178,14 @@ TEST(ObjectCopy, CopiesLengthBytesAndAllowsOverlap) {
 TEST(ObjectCompare, EqualityOnly) {
     Bytes a = obj8(1), b = obj8(1), c = obj8(2);
     Bytes longer = object(1, 1, hex("01 02 03 04 00 00 00 00"));
-    EXPECT_EQ(rsvp_object_compare(nullptr, nullptr), 0);
-    EXPECT_EQ(rsvp_object_compare(a.data(), nullptr), 1);
-    EXPECT_EQ(rsvp_object_compare(nullptr, a.data()), 1);
-    EXPECT_EQ(rsvp_object_compare(a.data(), a.data()), 0);
-    EXPECT_EQ(rsvp_object_compare(a.data(), b.data()), 0);
-    EXPECT_EQ(rsvp_object_compare(a.data(), c.data()), 1);
-    EXPECT_EQ(rsvp_object_compare(a.data(), longer.data()), 1);
+    const auto cmp = rsvp_object_compare;
+    EXPECT_EQ(std::tuple(cmp(nullptr, nullptr), cmp(a.data(), a.data()), cmp(a.data(), b.data())),
+              std::tuple(0, 0, 0));
+    EXPECT_EQ(std::tuple(cmp(a.data(), nullptr), cmp(nullptr, a.data()), cmp(a.data(), c.data()),
+                         cmp(a.data(), longer.data())),
+              std::tuple(1, 1, 1, 1));
     b[7] ^= 1;  // last body byte
-    EXPECT_EQ(rsvp_object_compare(a.data(), b.data()), 1);
+    EXPECT_EQ(cmp(a.data(), b.data()), 1);
 }
 
 TEST(Uint32ArrayCopy, BothDirectionsSwap) {
@@ -194,9 +194,7 @@ TEST(Uint32ArrayCopy, BothDirectionsSwap) {
     std::memcpy(src, wire.data(), 8);
     uint32_t dst[3] = {7, 7, 7};
     RSVP_COPY_UINT32_ARRAY_NTOHL(dst, src, 2);
-    EXPECT_EQ(dst[0], 0x01020304u);
-    EXPECT_EQ(dst[1], 0xa0b0c0d0u);
-    EXPECT_EQ(dst[2], 7u);
+    EXPECT_EQ(std::tuple(dst[0], dst[1], dst[2]), std::tuple(0x01020304u, 0xa0b0c0d0u, 7u));
     uint32_t back[2];
     RSVP_COPY_UINT32_ARRAY_HTONL(back, dst, 2);
     EXPECT_EQ(std::memcmp(back, wire.data(), 8), 0);

@@ -24,25 +24,22 @@ constexpr int64_t kMin = std::numeric_limits<int64_t>::min();
 }  // namespace
 
 TEST(IeeeToInt64, TruncatesTowardZero) {
-    struct Row {
-        float in;
-        int64_t out;
-    } rows[] = {{0.0f, 0},
-                {-0.0f, 0},
-                {0.99f, 0},
-                {-0.99f, 0},
-                {1.0f, 1},
-                {1.5f, 1},
-                {-1.5f, -1},
-                {2.5f, 2},
-                {1e-40f, 0},
-                {12500000.0f, 12500000},
-                {16777216.0f, 16777216},
-                {1.25e9f, 1250000000},
-                {-3.75e3f, -3750}};
-    for (const Row &r : rows) {
-        SCOPED_TRACE(r.in);
-        EXPECT_EQ(ieee_to_int64(bits_of(r.in)), r.out);
+    const std::pair<float, int64_t> rows[] = {{0.0f, 0},
+                                              {-0.0f, 0},
+                                              {0.99f, 0},
+                                              {-0.99f, 0},
+                                              {1e-40f, 0},
+                                              {1.0f, 1},
+                                              {1.5f, 1},
+                                              {-1.5f, -1},
+                                              {2.5f, 2},
+                                              {-3.75e3f, -3750},
+                                              {12500000.0f, 12500000},
+                                              {16777216.0f, 16777216},
+                                              {1.25e9f, 1250000000}};
+    for (const auto &[in, out] : rows) {
+        SCOPED_TRACE(in);
+        EXPECT_EQ(ieee_to_int64(bits_of(in)), out);
     }
 }
 

@@ -6,6 +6,7 @@
 #include <arpa/inet.h>
 
 #include <algorithm>
+#include <cctype>
 #include <csignal>
 #include <cstdint>
 #include <cstdio>
@@ -21,25 +22,12 @@ using Bytes = std::vector<uint8_t>;
 
 // "00 0c 01 07 ..." (spaces, newlines and ':' ignored) to bytes.
 inline Bytes hex(const char *text) {
+    std::string digits;
+    for (const char *p = text; *p; ++p)
+        if (std::isxdigit(static_cast<unsigned char>(*p))) digits += *p;
     Bytes out;
-    int nibble = -1;
-    for (const char *p = text; *p; ++p) {
-        int v;
-        if (*p >= '0' && *p <= '9')
-            v = *p - '0';
-        else if (*p >= 'a' && *p <= 'f')
-            v = *p - 'a' + 10;
-        else if (*p >= 'A' && *p <= 'F')
-            v = *p - 'A' + 10;
-        else
-            continue;
-        if (nibble < 0) {
-            nibble = v;
-        } else {
-            out.push_back(static_cast<uint8_t>(nibble << 4 | v));
-            nibble = -1;
-        }
-    }
+    for (size_t i = 0; i + 1 < digits.size(); i += 2)
+        out.push_back(static_cast<uint8_t>(std::stoul(digits.substr(i, 2), nullptr, 16)));
     return out;
 }
 

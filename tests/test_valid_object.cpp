@@ -35,16 +35,3 @@ TEST(ValidObject, UnknownClassesAnswerTwoForAnyWellFormedLength) {
         }
     }
 }
-
-// A known class is judged by its validator: a SESSION of C-Type 2 is rejected (0), while an
-// object of the unknown class 2 is passed on (2); a well-formed object of each family passes.
-TEST(ValidObject, KnownClassesReachTheirValidator) {
-    Bytes session_ctype2 = object(RSVP_CLASS_SESSION, 2, Bytes(36, 0));
-    EXPECT_EQ(rsvp_valid_object(session_ctype2.data()), 0u);
-    Bytes style_ff = object(RSVP_CLASS_STYLE, 1, hex("00 00 00 0a"));
-    EXPECT_EQ(rsvp_valid_object(style_ff.data()), 1u);
-    Bytes time_values = object(RSVP_CLASS_TIME_VALUES, 1, hex("00 00 75 30"));
-    EXPECT_EQ(rsvp_valid_object(time_values.data()), 1u);
-    time_values[3] = 2;  // C-Type 2
-    EXPECT_EQ(rsvp_valid_object(time_values.data()), 0u);
-}
