@@ -106,6 +106,10 @@ TEST(ReverseLsp, SumOfLengthsAndUnsupportedContents) {
     // The second TSPEC is left out; a Length of 0 ends the walk before the RRO.
     o = reverse_lsp(kTspec + kEro + kTspec + "00 00 00 00 " + kRro);
     EXPECT_EQ(rsvp_compute_reverse_lsp_sub_objs_len(o.data()), 36 + 12);
+    // Lengths that are not whole words: a 9-byte object, then one whose Length and class byte
+    // still lie inside the container.
+    o = reverse_lsp("00 09 15 01 00 00 00 00 00 00 02 15 ");
+    EXPECT_EQ(rsvp_compute_reverse_lsp_sub_objs_len(o.data()), 9 + 2);
     const std::pair<std::string, int> runs[] = {
         {kEro + kTspec + kEro, 0}, {kEro + kRro, 1}, {"00 04 00 00 " + kEro, 1}, {kPol1, 1}};
     for (const auto &[run, unsupported] : runs) {
@@ -113,10 +117,12 @@ TEST(ReverseLsp, SumOfLengthsAndUnsupportedContents) {
         EXPECT_EQ(rsvp_reverse_lsp_subs_inc_unsupported(r.data(), uint16_t(r.size)), unsupported)
             << run;
     }
-    // The walk ends at the given length, before the RRO; a length below a header is nothing.
+    // The walk ends at the given length, before the RRO; only a length of 0 looks at nothing,
+    // a shorter one still looks at the first object.
     Bytes run = hex((kEro + kRro).c_str());
     HeapBytes rro = heap_copy(hex(kRro.c_str()));
     EXPECT_EQ(rsvp_reverse_lsp_subs_inc_unsupported(run.data(), 12) +
-                  rsvp_reverse_lsp_subs_inc_unsupported(rro.data(), 3),
+                  rsvp_reverse_lsp_subs_inc_unsupported(rro.data(), 0),
               0);
+    EXPECT_EQ(rsvp_reverse_lsp_subs_inc_unsupported(rro.data(), 3), 1);
 }

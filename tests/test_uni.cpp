@@ -96,4 +96,11 @@ TEST(GeneralizedUniDeathTest, AddAssertsThatSubobjectsEndAtTheLength) {
     EXPECT_DEATH(rsvp_add_dst_tna_ipv4(zero.data(), kSrc), "assertion failed");
     over[6] = 1;  // a source TNA is found before the overshoot
     EXPECT_EQ(rsvp_add_src_tna_ipv4(over.data(), kSrc), 0);
+    // Three bytes left: the type byte lies inside, so it is looked at, and a length of 3 ends
+    // the walk exactly at the Length.
+    Bytes odd = object(208, 1, hex("00 05 03 01 00 00 03 01"));
+    odd.resize(20);
+    EXPECT_EQ(rsvp_add_src_tna_ipv4(odd.data(), kSrc), 0);
+    EXPECT_EQ(rsvp_add_dst_tna_ipv4(odd.data(), kSrc), 1);
+    EXPECT_EQ(RSVP_OBJECT_LENGTH(odd.data()), 20);
 }
