@@ -59,7 +59,9 @@ TEST(GeneralizedUni, SubobjectValidation) {
         Bytes sub = hex(h);
         HeapBytes s = heap_copy(sub);
         EXPECT_EQ(rsvp_valid_gen_uni_attr_subobject(s.data()), ok);
-        EXPECT_EQ(RSVP_SUB_GUA_TYPE(s.data()) + RSVP_SUB_GUA_LENGTH(s.data()),
+        // An invalid one answers 0 from every accessor, its address word included.
+        EXPECT_EQ(RSVP_SUB_GUA_TYPE(s.data()) + RSVP_SUB_GUA_LENGTH(s.data()) +
+                      (ok ? 0 : RSVP_SUB_GUA_DST_IPV4_ADDR(s.data())),
                   ok ? sub[2] + sub.size() : 0);
         // The object holding it, and one whose Length cuts it short by 4 bytes.
         HeapBytes o = heap_copy(object(208, 1, sub));
