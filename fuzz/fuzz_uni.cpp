@@ -1,7 +1,7 @@
 // GENERALIZED_UNI: the subobject pointer and accessors on every valid object of any class
 // (within the 12 bytes `reach` gives); on class-208 objects the validator, the walk with each
 // subobject's accessors and extractors, and the two TNA appends where the object meets their
-// precondition (subobjects that end exactly at the Length).
+// precondition (subobjects that end exactly at the Length), and on a freshly built object.
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
@@ -39,6 +39,12 @@ bool tiles(const uint8_t *obj, uint16_t length) {
 }
 
 void exercise_one(const Object &o) {
+    // A fresh object takes one TNA of each kind and stays valid.
+    uint8_t fresh[RSVP_OBJ_HDR_LEN + 2 * RSVP_GUA_TNA_IPV4_LEN];
+    rsvp_build_gen_uni_attr(fresh);
+    if (rsvp_add_src_tna_ipv4(fresh, o.length) + rsvp_add_dst_tna_ipv4(fresh, o.c_type) != 2 ||
+        !rsvp_valid_gen_uni_attr(fresh))
+        std::abort();
     Scratch s = scratch_copy(o, kWalkSlack);
     uint8_t *obj = s.data();
     const int valid = rsvp_valid_gen_uni_attr(obj);

@@ -59,7 +59,6 @@ TEST(ReverseLsp, Validation) {
         {kEro + kEro, 0},
         {kEro + kTspec + kEro, 0},
         {kPol1 + kPol2 + kPol1, 1},
-        {kEro + "00 00 00 00 " + kTspec, 1},            // null object skipped
         {"00 04 00 00 " + kEro, 0},                     // a leading null object is not valid
         {kEro + "00 04 02 01 ", 0},                     // unknown class
         {kEro + "00 08 14 01 03 08 00 00 ", 0},         // invalid ERO (type 3)
@@ -99,24 +98,22 @@ TEST(ReverseLsp, DeepestNestingValidatesOnASmallStack) {
 }
 
 TEST(ReverseLsp, SumOfLengthsAndUnsupportedContents) {
-    // ERO 16, ERO 12, TSPEC 36, RRO 8: the second ERO is left out.
-    Bytes o =
-        reverse_lsp("00 10 14 01 01 08 0a 00 0c 02 20 00 81 04 00 00 " + kEro + kTspec + kRro);
-    EXPECT_EQ(rsvp_compute_reverse_lsp_sub_objs_len(o.data()), 60);
-    // The second TSPEC is left out; a Length of 0 ends the walk before the RRO.
-    o = reverse_lsp(kTspec + kEro + kTspec + "00 00 00 00 " + kRro);
-    EXPECT_EQ(rsvp_compute_reverse_lsp_sub_objs_len(o.data()), 36 + 12);
-    const std::pair<std::string, int> runs[] = {
-        {kEro + kTspec + kEro, 0}, {kEro + kRro, 1}, {"00 04 00 00 " + kEro, 1}, {kPol1, 1}};
-    for (const auto &[run, unsupported] : runs) {
+    // Later EXPLICIT_ROUTE and SENDER_TSPEC objects are left out (ERO 16, ERO 12, TSPEC 36,
+    // RRO 8 sum to 60); a Length of 0 ends the walk; a 9-byte object is followed by one whose
+    // Length and class byte still lie inside the container.
+    const std::pair<std::string, int> sums[] = {
+        {"00 10 14 01 01 08 0a 00 0c 02 20 00 81 04 00 00 " + kEro + kTspec + kRro, 60},
+        {kTspec + kEro + kTspec + "00 00 00 00 " + kRro, 36 + 12},
+        {"00 09 15 01 00 00 00 00 00 00 02 15 ", 9 + 2}};
+    for (const auto &[contents, sum] : sums)
+        EXPECT_EQ(rsvp_compute_reverse_lsp_sub_objs_len(reverse_lsp(contents).data()), sum);
+    // Run, length given, answer: the walk ends at the given length; only 0 looks at nothing,
+    // a shorter one still looks at the first object.
+    const std::tuple<std::string, uint16_t, int> runs[] = {
+        {kEro + kTspec + kEro, 60, 0},  {kEro + kRro, 20, 1}, {kEro + kRro, 12, 0},
+        {"00 04 00 00 " + kEro, 16, 1}, {kRro, 3, 1},         {kRro, 0, 0}};
+    for (const auto &[run, length, unsupported] : runs) {
         HeapBytes r = heap_copy(hex(run.c_str()));
-        EXPECT_EQ(rsvp_reverse_lsp_subs_inc_unsupported(r.data(), uint16_t(r.size)), unsupported)
-            << run;
+        EXPECT_EQ(rsvp_reverse_lsp_subs_inc_unsupported(r.data(), length), unsupported) << run;
     }
-    // The walk ends at the given length, before the RRO; a length below a header is nothing.
-    Bytes run = hex((kEro + kRro).c_str());
-    HeapBytes rro = heap_copy(hex(kRro.c_str()));
-    EXPECT_EQ(rsvp_reverse_lsp_subs_inc_unsupported(run.data(), 12) +
-                  rsvp_reverse_lsp_subs_inc_unsupported(rro.data(), 3),
-              0);
 }

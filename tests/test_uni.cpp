@@ -59,7 +59,9 @@ TEST(GeneralizedUni, SubobjectValidation) {
         Bytes sub = hex(h);
         HeapBytes s = heap_copy(sub);
         EXPECT_EQ(rsvp_valid_gen_uni_attr_subobject(s.data()), ok);
-        EXPECT_EQ(RSVP_SUB_GUA_TYPE(s.data()) + RSVP_SUB_GUA_LENGTH(s.data()),
+        // An invalid one answers 0 from every accessor, its address word included.
+        EXPECT_EQ(RSVP_SUB_GUA_TYPE(s.data()) + RSVP_SUB_GUA_LENGTH(s.data()) +
+                      (ok ? 0 : RSVP_SUB_GUA_DST_IPV4_ADDR(s.data())),
                   ok ? sub[2] + sub.size() : 0);
         // The object holding it, and one whose Length cuts it short by 4 bytes.
         HeapBytes o = heap_copy(object(208, 1, sub));
@@ -96,4 +98,11 @@ TEST(GeneralizedUniDeathTest, AddAssertsThatSubobjectsEndAtTheLength) {
     EXPECT_DEATH(rsvp_add_dst_tna_ipv4(zero.data(), kSrc), "assertion failed");
     over[6] = 1;  // a source TNA is found before the overshoot
     EXPECT_EQ(rsvp_add_src_tna_ipv4(over.data(), kSrc), 0);
+    // Three bytes left: the type byte lies inside, so it is looked at, and a length of 3 ends
+    // the walk exactly at the Length.
+    Bytes odd = object(208, 1, hex("00 05 03 01 00 00 03 01"));
+    odd.resize(20);
+    EXPECT_EQ(rsvp_add_src_tna_ipv4(odd.data(), kSrc), 0);
+    EXPECT_EQ(rsvp_add_dst_tna_ipv4(odd.data(), kSrc), 1);
+    EXPECT_EQ(RSVP_OBJECT_LENGTH(odd.data()), 20);
 }

@@ -25,9 +25,11 @@ void decode_uni(uint8_t *obj, rsvpdump::Out &out) {
     out.open_list("subobjects");
     unsigned shown = 0;
     // The walker examines a candidate that starts at the object end, reading behind the
-    // object: the loop stops there itself.
-    for (uint8_t *sub = rsvp_extract_gen_uni_attr_next_subobj(obj, nullptr); sub && sub < end;
-         sub = rsvp_extract_gen_uni_attr_next_subobj(obj, sub), ++shown) {
+    // object: the loop never asks it for one, stopping when the lengths reach the end.
+    uint8_t *sub = RSVP_OBJECT_LENGTH(obj) > RSVP_OBJ_HDR_LEN
+                       ? rsvp_extract_gen_uni_attr_next_subobj(obj, nullptr)
+                       : nullptr;
+    for (; sub; ++shown) {
         const uint8_t type = RSVP_SUB_GUA_TYPE(sub);
         const uint16_t length = RSVP_SUB_GUA_LENGTH(sub);
         out.open_item().line().str("name", subobject_name(type)).text(" (type ").u("type", type);
@@ -40,6 +42,7 @@ void decode_uni(uint8_t *obj, rsvpdump::Out &out) {
             out.text(" ").bytes("data", sub + RSVP_GUA_SUBOBJ_HDR_LEN,
                                 length - RSVP_GUA_SUBOBJ_HDR_LEN);
         out.close();
+        sub = sub + length < end ? rsvp_extract_gen_uni_attr_next_subobj(obj, sub) : nullptr;
     }
     out.close();
     if (shown == 0) out.line().text("no UNI attributes");

@@ -114,9 +114,9 @@ uint16_t rsvp_compute_reverse_lsp_sub_objs_len(uint8_t *obj) {
     // Later EXPLICIT_ROUTE and SENDER_TSPEC objects are left out of the sum on purpose.
     bool ero_seen = false, tspec_seen = false;
     uint16_t sum = 0;
-    // The walk follows the Lengths alone; it stops where no header fits before the end, and at
-    // a Length of 0, which would never advance.
-    for (unsigned pos = kObjHdrLen; pos + kObjHdrLen <= length;) {
+    // The walk follows the Lengths alone, as long as the class byte of the next object lies
+    // inside the container; a Length of 0, which would never advance, ends it too.
+    for (unsigned pos = kObjHdrLen; pos + kObjClassOffset < length;) {
         const uint16_t sub_len = obj_length(obj + pos);
         if (sub_len == 0) break;
         const uint8_t cls = obj_class(obj + pos);
@@ -131,10 +131,10 @@ uint16_t rsvp_compute_reverse_lsp_sub_objs_len(uint8_t *obj) {
 }
 
 int rsvp_reverse_lsp_subs_inc_unsupported(uint8_t *first, uint16_t length) {
-    // A run shorter than a header holds no object to look at.
-    if (!first || length < kObjHdrLen) return 0;
+    if (!first || length == 0) return 0;
     uint32_t remaining = length;
-    // The first object of the run is looked at too, whatever its class (a null filler counts).
+    // The first object of the run is looked at too, whatever its class (a null filler counts)
+    // and however short the run: its class byte is read even when length is below a header.
     for (uint8_t *o = first; o; o = rsvp_next_nonnull_object(o, &remaining)) {
         const uint8_t cls = obj_class(o);
         if (cls != RSVP_CLASS_SENDER_TSPEC && cls != RSVP_CLASS_EXPLICIT_ROUTE) return 1;

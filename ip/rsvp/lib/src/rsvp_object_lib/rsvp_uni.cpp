@@ -64,9 +64,9 @@ int add_tna(uint8_t *obj, uint8_t type, uint32_t address) {
     int remaining = length - static_cast<int>(kObjHdrLen);
     const uint8_t *pos = obj_body(obj);
     while (remaining > 0) {
-        // A header that does not fit before the end, or a length of 0 that would never advance,
-        // cannot be stepped over: the walk stops short and the assertion reports the object.
-        if (remaining < static_cast<int>(kSubHdrLen)) break;
+        // A type byte behind the end, or a length of 0 that would never advance, cannot be
+        // stepped over: the walk stops short and the assertion reports the object.
+        if (remaining <= static_cast<int>(kSubTypeOffset)) break;
         if (sub_type(pos) == type) return 0;
         const uint16_t sub_len = sub_length(pos);
         if (sub_len == 0) break;
