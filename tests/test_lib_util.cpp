@@ -155,18 +155,20 @@ TEST(LibUtil, LabelObjectText) {
 
 TEST(LibUtil, LabelRing) {
     const uint32_t labels[] = {0x10, 0xff, 3, 4, 5, 6};
-    EXPECT_STREQ(rsvp_enc_label_gen_str(labels, 2), "0x00000010 000000ff");
-    // The fifth label leaves only its blank; the sixth finds no room at all.
-    const char *kFive = "0x00000010 000000ff 00000003 00000004 ";
-    EXPECT_STREQ(rsvp_enc_label_gen_str(labels, 5), kFive);
-    EXPECT_STREQ(rsvp_enc_label_gen_str(labels, 6), kFive);
     const char *first = rsvp_enc_label_gen_str(labels, 1);
     EXPECT_STREQ(rsvp_enc_label_gen_str(nullptr, 1), "Invalid label");
     EXPECT_STREQ(rsvp_enc_label_gen_str(labels, 0), "Invalid label");
-    for (int i = 0; i < 9; ++i)
-        EXPECT_NE(rsvp_enc_label_gen_str(labels + 1, 1), first);
+    const char *later[9];
+    for (const char *&p : later)
+        EXPECT_NE(p = rsvp_enc_label_gen_str(labels, 2), first);
     EXPECT_STREQ(first, "0x00000010");  // survives nine further results
     EXPECT_EQ(rsvp_enc_label_gen_str(labels, 1), first);
+    // The fifth label leaves only its blank; the sixth finds no room at all and writes
+    // nothing, not even into the next slot, whose result is still owed its life.
+    const char *kFive = "0x00000010 000000ff 00000003 00000004 ";
+    EXPECT_STREQ(rsvp_enc_label_gen_str(labels, 5), kFive);
+    EXPECT_STREQ(rsvp_enc_label_gen_str(labels, 6), kFive);
+    EXPECT_STREQ(later[2], "0x00000010 000000ff");
 }
 
 TEST(LibUtil, SrlgRing) {
@@ -175,15 +177,19 @@ TEST(LibUtil, SrlgRing) {
     EXPECT_STREQ(first, "1 20 300");
     EXPECT_STREQ(rsvp_enc_srlg_gen_str(ids, 0), "Invalid SRLG list");
     EXPECT_STREQ(rsvp_enc_srlg_gen_str(nullptr, 3), "Invalid SRLG list");
-    for (int i = 0; i < 9; ++i)
-        EXPECT_NE(rsvp_enc_srlg_gen_str(ids, 1), first);
+    const uint32_t two[] = {4294967295u, 7};
+    const char *later[9];
+    for (const char *&p : later)
+        EXPECT_NE(p = rsvp_enc_srlg_gen_str(two, 2), first);
     EXPECT_EQ(rsvp_enc_srlg_gen_str(ids, 1), first);
-    // 255 ten-digit identifiers: 62 fit in 681 characters, then the size left is spent.
+    // 255 ten-digit identifiers: 62 fit in 681 characters, then the size left is spent and
+    // nothing spills into the next slot, whose result is still owed its life.
     std::vector<uint32_t> big(255, 4294967295u);
     std::string expect = "4294967295";
     for (int i = 1; i < 62; ++i)
         expect += " 4294967295";
-    EXPECT_EQ(std::string(rsvp_enc_srlg_gen_str(big.data(), 255)), expect);
+    EXPECT_EQ(rsvp_enc_srlg_gen_str(big.data(), 255), expect);
+    EXPECT_STREQ(later[1], "4294967295 7");
 }
 
 TEST(LibUtil, InterfaceAndAddressPredicates) {

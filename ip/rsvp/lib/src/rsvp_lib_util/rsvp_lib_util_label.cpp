@@ -88,12 +88,11 @@ const char *rsvp_enc_label_gen_str(const uint32_t *labels, uint32_t count) {
     if (!labels || count == 0) return "Invalid label";
     char *slot = next_slot(label_ring, label_index);
     // The running count adds the untruncated lengths, so a fifth label is cut short and from
-    // the sixth on no room is left: appending stops rather than pass a negative size.
+    // the sixth on no room is left: appending stops rather than pass a negative size. A blank
+    // starts at most at the next-to-last byte, so the label after it is offered size 0 at worst.
     int used = std::snprintf(slot, kLabelLimit, "0x%08x", labels[0]);
-    for (uint32_t i = 1; i < count && used >= 0; ++i) {
-        if (kLabelLimit - used <= 0) break;
+    for (uint32_t i = 1; i < count && used >= 0 && used < kLabelLimit; ++i) {
         used += std::snprintf(slot + used, static_cast<size_t>(kLabelLimit - used), " ");
-        if (kLabelLimit - used <= 0) break;
         used +=
             std::snprintf(slot + used, static_cast<size_t>(kLabelLimit - used), "%08x", labels[i]);
     }
