@@ -148,8 +148,9 @@ TEST(LibUtil, InterfaceAndAddressPredicates) {
     std::string got;
     for (const rsvp_ip_addr_t &r : rows) {
         uint32_t out = 77;
+        const int converted = rsvp_ip_to_in(&r, &out);
         got += std::to_string(rsvp_ip_valid(&r)) + std::to_string(rsvp_ip_valid_routerid(&r)) +
-               std::to_string(rsvp_ip_to_in(&r, &out)) + std::to_string(out == 77) + " ";
+               std::to_string(converted) + std::to_string(out == 77) + " ";
     }
     for (uint32_t kind = 0; kind < 4; ++kind) {
         const rsvp_link_id_t id{kind, {}};
