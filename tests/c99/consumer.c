@@ -19,6 +19,14 @@ int main(void) {
         fprintf(stderr, "unexpected verdict\n");
         return 1;
     }
+    {
+        rsvp_ip_addr_t addr = {RSVP_IP_ADDR_TYPE_IPV4, RSVP_IP_ADDR_LEN_IPV4, 0x0100007fu};
+        if (strcmp(rsvp_msg_type_string_v2(1, 1), "Path sub-message") != 0 ||
+            !rsvp_ip_valid_routerid(&addr)) {
+            fprintf(stderr, "text unit failed\n");
+            return 1;
+        }
+    }
     printf("c99 consumer ok: %s\n", inet_ntoa_r(0x0100007fu));
     return 0;
 }
