@@ -1,8 +1,10 @@
 #include "out.hpp"
 
-#include <algorithm>
-#include <cinttypes>
+#include <arpa/inet.h>
+
+#include <charconv>
 #include <cstdarg>
+#include <ctime>
 
 namespace rsvpdump {
 
@@ -10,8 +12,19 @@ namespace {
 
 constexpr int kNestStep = 4;
 constexpr char kHexDigits[] = "0123456789abcdef";
+// A hex dump line: offset, then 16 bytes in groups of two.
+constexpr size_t kDumpLineBytes = 16;
+constexpr size_t kDumpGroupBytes = 2;
+constexpr int kDumpOffsetDigits = 4;
+constexpr uint32_t kMicro = 1000000;
+constexpr size_t kInitialBuffer = 1 << 16;
 
 }  // namespace
+
+Out::Out(Format format) : json_(format == Format::kJson) {
+    buf_.reserve(kInitialBuffer);
+    scopes_.reserve(16);
+}
 
 void Out::end_line() {
     if (line_open_) buf_ += '\n';
@@ -42,12 +55,12 @@ Out &Out::textf(const char *fmt, ...) {
     if (static_cast<size_t>(n) < sizeof tmp) {
         buf_.append(tmp, static_cast<size_t>(n));
     } else {
-        std::string big(static_cast<size_t>(n) + 1, '\0');
+        const size_t at = buf_.size();
+        buf_.resize(at + static_cast<size_t>(n) + 1);
         va_start(ap, fmt);
-        std::vsnprintf(big.data(), big.size(), fmt, ap);
+        std::vsnprintf(buf_.data() + at, static_cast<size_t>(n) + 1, fmt, ap);
         va_end(ap);
-        big.pop_back();
-        buf_ += big;
+        buf_.pop_back();
     }
     return *this;
 }
@@ -57,9 +70,10 @@ void Out::key(const char *k) {
         if (scopes_.back().second) buf_ += ',';
         scopes_.back().second = true;
     }
-    if (k) {
-        json_string(k);
-        buf_ += ':';
+    if (k) {  // keys are lower_snake_case: nothing to escape
+        buf_ += '"';
+        buf_ += k;
+        buf_ += "\":";
     }
 }
 
@@ -96,27 +110,51 @@ void Out::text_escaped(std::string_view s) {
     }
 }
 
-Out &Out::u(const char *k, uint64_t v) {
+void Out::append_u(uint64_t v) {
     char tmp[24];
-    const int n = std::snprintf(tmp, sizeof tmp, "%" PRIu64, v);
+    const auto r = std::to_chars(tmp, tmp + sizeof tmp, v);
+    buf_.append(tmp, static_cast<size_t>(r.ptr - tmp));
+}
+
+void Out::append_hex(uint64_t v, int digits) {
+    char tmp[16];
+    int n = 0;
+    do {
+        tmp[n++] = kHexDigits[v & 0xf];
+        v >>= 4;
+    } while (v != 0);
+    for (; n < digits; --digits)
+        buf_ += '0';
+    while (n > 0)
+        buf_ += tmp[--n];
+}
+
+void Out::append_addr(uint32_t wire_order) {
+    const auto *b = reinterpret_cast<const uint8_t *>(&wire_order);
+    for (int k = 0; k < 4; ++k) {
+        if (k) buf_ += '.';
+        append_u(b[k]);
+    }
+}
+
+Out &Out::u(const char *k, uint64_t v) {
     if (json_) key(k);
-    buf_.append(tmp, static_cast<size_t>(n));
+    append_u(v);
     return *this;
 }
 
 Out &Out::i(const char *k, int64_t v) {
-    char tmp[24];
-    const int n = std::snprintf(tmp, sizeof tmp, "%" PRId64, v);
     if (json_) key(k);
-    buf_.append(tmp, static_cast<size_t>(n));
+    char tmp[24];
+    const auto r = std::to_chars(tmp, tmp + sizeof tmp, v);
+    buf_.append(tmp, static_cast<size_t>(r.ptr - tmp));
     return *this;
 }
 
 Out &Out::hex(const char *k, uint64_t v, int digits) {
     if (json_) return u(k, v);
-    char tmp[24];
-    const int n = std::snprintf(tmp, sizeof tmp, "0x%0*" PRIx64, digits, v);
-    buf_.append(tmp, static_cast<size_t>(n));
+    buf_ += "0x";
+    append_hex(v, digits);
     return *this;
 }
 
@@ -131,16 +169,27 @@ Out &Out::str(const char *k, std::string_view v) {
 }
 
 Out &Out::addr(const char *k, uint32_t wire_order) {
-    const uint8_t *b = reinterpret_cast<const uint8_t *>(&wire_order);
-    char tmp[16];
-    const int n = std::snprintf(tmp, sizeof tmp, "%u.%u.%u.%u", b[0], b[1], b[2], b[3]);
     if (json_) {
         key(k);
         buf_ += '"';
-        buf_.append(tmp, static_cast<size_t>(n));
+        append_addr(wire_order);
         buf_ += '"';
     } else {
-        buf_.append(tmp, static_cast<size_t>(n));
+        append_addr(wire_order);
+    }
+    return *this;
+}
+
+Out &Out::addr6(const char *k, const uint8_t *address) {
+    char tmp[INET6_ADDRSTRLEN] = "?";
+    inet_ntop(AF_INET6, address, tmp, sizeof tmp);
+    if (json_) {
+        key(k);
+        buf_ += '"';
+        buf_ += tmp;
+        buf_ += '"';
+    } else {
+        buf_ += tmp;
     }
     return *this;
 }
@@ -157,6 +206,47 @@ Out &Out::bytes(const char *k, const uint8_t *p, size_t n) {
         buf_ += kHexDigits[p[j] & 0xf];
     }
     if (json_) buf_ += '"';
+    return *this;
+}
+
+Out &Out::hexdump(const char *k, const uint8_t *p, size_t n) {
+    if (json_) return bytes(k, p, n);
+    for (size_t at = 0; at < n; at += kDumpLineBytes) {
+        line().text("0x");
+        append_hex(at, kDumpOffsetDigits);
+        buf_ += ':';
+        for (size_t j = at; j < n && j < at + kDumpLineBytes; ++j) {
+            if ((j - at) % kDumpGroupBytes == 0) buf_ += ' ';
+            if (j == at) buf_ += ' ';
+            buf_ += kHexDigits[p[j] >> 4];
+            buf_ += kHexDigits[p[j] & 0xf];
+        }
+    }
+    return *this;
+}
+
+Out &Out::timestamp(const char *k, int64_t sec, uint32_t usec) {
+    char tmp[24];
+    if (json_) {
+        key(k);
+        append_u(static_cast<uint64_t>(sec < 0 ? 0 : sec));
+        const auto r = std::to_chars(tmp, tmp + sizeof tmp, usec % kMicro + kMicro);
+        buf_ += '.';
+        buf_.append(tmp + 1, static_cast<size_t>(r.ptr - tmp - 1));  // six digits, zero-padded
+        return *this;
+    }
+    if (sec != cached_sec_) {
+        const time_t t = static_cast<time_t>(sec);
+        struct tm tm {};
+        if (!localtime_r(&t, &tm)) tm = {};
+        std::snprintf(cached_time_, sizeof cached_time_, "%02d:%02d:%02d", tm.tm_hour, tm.tm_min,
+                      tm.tm_sec);
+        cached_sec_ = sec;
+    }
+    buf_ += cached_time_;
+    const auto r = std::to_chars(tmp, tmp + sizeof tmp, usec % kMicro + kMicro);
+    buf_ += '.';
+    buf_.append(tmp + 1, static_cast<size_t>(r.ptr - tmp - 1));
     return *this;
 }
 
@@ -218,31 +308,24 @@ void Out::begin_record() {
 }
 
 void Out::end_record() {
-    if (!json_) {
-        end_line();
-        return;
-    }
     while (!scopes_.empty())
         close();
-    buf_ += '\n';
-}
-
-void Out::line(const char *fmt, ...) {
-    if (json_) return;
-    line();
-    char tmp[512];
-    va_list ap;
-    va_start(ap, fmt);
-    const int n = std::vsnprintf(tmp, sizeof tmp, fmt, ap);
-    va_end(ap);
-    if (n > 0) buf_.append(tmp, std::min(static_cast<size_t>(n), sizeof tmp - 1));
-    end_line();
+    if (json_)
+        buf_ += '\n';
+    else
+        end_line();
 }
 
 void Out::write(std::FILE *f) {
     end_line();
     if (!buf_.empty()) std::fwrite(buf_.data(), 1, buf_.size(), f);
     buf_.clear();
+}
+
+void Out::clear() {
+    buf_.clear();
+    scopes_.clear();
+    line_open_ = false;
 }
 
 }  // namespace rsvpdump

@@ -21,7 +21,8 @@
 //
 // In text, lists and items print nothing of their own; nest() indents the text lines of what
 // follows until the matching close(), and is an ordinary JSON object member in JSON.
-// Everything is appended to an internal buffer that the caller writes out once per message.
+// Everything is appended to an internal buffer that the caller writes out once per message;
+// no call allocates once the buffer has grown to the size of the largest message.
 #pragma once
 
 #include <cstdint>
@@ -36,7 +37,7 @@ class Out {
   public:
     enum class Format { kText, kJson };
 
-    explicit Out(Format format = Format::kText) : json_(format == Format::kJson) {}
+    explicit Out(Format format = Format::kText);
 
     bool json() const { return json_; }
 
@@ -57,8 +58,16 @@ class Out {
     Out &str(const char *key, std::string_view v);
     // Dotted quad of a wire-order IPv4 address; JSON a string.
     Out &addr(const char *key, uint32_t wire_order);
+    // Text form of a 16-byte IPv6 address; JSON a string.
+    Out &addr6(const char *key, const uint8_t *address);
     // Text "0x" and two hex digits a byte; JSON the same digits as a string (no "0x").
     Out &bytes(const char *key, const uint8_t *p, size_t n);
+    // Text: the bytes as hex lines of 16 ("0x0010:  0a00 0001 ..."), each a new line at the
+    // current indentation; JSON the digits as one string.
+    Out &hexdump(const char *key, const uint8_t *p, size_t n);
+    // Capture time: text the local time of day as tcpdump shows it ("22:27:13.504618"); JSON
+    // seconds since the epoch as a number with six decimals.
+    Out &timestamp(const char *key, int64_t sec, uint32_t usec);
     // JSON true/false; nothing in text (the decoder says it in words where it matters).
     Out &flag(const char *key, bool v);
 
@@ -78,9 +87,6 @@ class Out {
     void begin_record();
     void end_record();
 
-    // Legacy printf-style text line, kept until every decoder states its fields.
-    __attribute__((format(printf, 2, 3))) void line(const char *fmt, ...);
-
     // Text indentation of new lines, in spaces.
     void set_indent(int spaces) { indent_ = spaces; }
     int indent() const { return indent_; }
@@ -88,6 +94,8 @@ class Out {
     // The rendered bytes so far; write() sends them to f and empties the buffer.
     const std::string &buffer() const { return buf_; }
     void write(std::FILE *f);
+    // Drops what was rendered and any open structure (the caller starts afresh).
+    void clear();
 
   private:
     enum class Scope : uint8_t { kObject, kList, kNest };
@@ -95,6 +103,9 @@ class Out {
     void key(const char *k);  // JSON: separator and "k":
     void json_string(std::string_view s);
     void text_escaped(std::string_view s);
+    void append_u(uint64_t v);
+    void append_hex(uint64_t v, int digits);
+    void append_addr(uint32_t wire_order);
 
     bool json_;
     bool line_open_ = false;
@@ -102,6 +113,9 @@ class Out {
     std::string buf_;
     // JSON: per open scope, whether it already holds a member (so the next needs a comma).
     std::vector<std::pair<Scope, bool>> scopes_;
+    // The local-time text of the last second shown, which most packets share.
+    int64_t cached_sec_ = -1;
+    char cached_time_[16] = {};
 };
 
 }  // namespace rsvpdump

@@ -2,7 +2,6 @@
 
 #include "decode.hpp"
 #include "rsvp_object_lib.h"
-#include "rsvp_platform.h"
 
 namespace rsvpdump {
 
@@ -69,6 +68,64 @@ constexpr ClassName kClassNames[] = {
     {RSVP_CLASS_LSP_WRAP_LABEL, "LSP_WRAP_LABEL"},
 };
 
+struct CTypeName {
+    uint8_t class_num;
+    uint8_t c_type;
+    const char *name;
+};
+
+// The C-Types that the library's header names by kind, by the suffix of their constant (a
+// class with a single C-Type has no kind to name).
+constexpr CTypeName kCTypeNames[] = {
+    {RSVP_CLASS_SESSION, RSVP_CTYPE_SESSION_IPV4, "IPV4"},
+    {RSVP_CLASS_SESSION, RSVP_CTYPE_SESSION_IPV6, "IPV6"},
+    {RSVP_CLASS_SESSION, RSVP_CTYPE_SESSION_LSP_TUNNEL_IPV4, "LSP_TUNNEL_IPV4"},
+    {RSVP_CLASS_SESSION, RSVP_CTYPE_SESSION_LSP_TUNNEL_IPV6, "LSP_TUNNEL_IPV6"},
+    {RSVP_CLASS_SESSION, RSVP_CTYPE_SESSION_UNI_IPV4, "UNI_IPV4"},
+    {RSVP_CLASS_SESSION, RSVP_CTYPE_SESSION_P2MP_LSP_IPV4, "P2MP_LSP_IPV4"},
+    {RSVP_CLASS_SESSION, RSVP_CTYPE_SESSION_P2MP_LSP_IPV6, "P2MP_LSP_IPV6"},
+    {RSVP_CLASS_RSVP_HOP, RSVP_CTYPE_RSVP_HOP_IPV4, "IPV4"},
+    {RSVP_CLASS_RSVP_HOP, RSVP_CTYPE_RSVP_HOP_IF_ID_IPV4, "IF_ID_IPV4"},
+    {RSVP_CLASS_ERROR_SPEC, RSVP_CTYPE_ERROR_SPEC_IPV4, "IPV4"},
+    {RSVP_CLASS_SCOPE, RSVP_CTYPE_SCOPE_IPV4, "IPV4"},
+    {RSVP_CLASS_FLOWSPEC, RSVP_CTYPE_FLOWSPEC_INTSERV, "INTSERV"},
+    {RSVP_CLASS_FLOWSPEC, RSVP_CTYPE_FLOWSPEC_SONET_SDH, "SONET_SDH"},
+    {RSVP_CLASS_FLOWSPEC, RSVP_CTYPE_FLOWSPEC_G709_OTN, "G709_OTN"},
+    {RSVP_CLASS_FILTER_SPEC, RSVP_CTYPE_FILTER_SPEC_IPV4, "IPV4"},
+    {RSVP_CLASS_FILTER_SPEC, RSVP_CTYPE_FILTER_SPEC_LSP_TUNNEL_IPV4, "LSP_TUNNEL_IPV4"},
+    {RSVP_CLASS_FILTER_SPEC, RSVP_CTYPE_FILTER_SPEC_P2MP_LSP_TUNNEL_IPV4, "P2MP_LSP_TUNNEL_IPV4"},
+    {RSVP_CLASS_SENDER_TEMPLATE, RSVP_CTYPE_SENDER_TEMPLATE_IPV4, "IPV4"},
+    {RSVP_CLASS_SENDER_TEMPLATE, RSVP_CTYPE_SENDER_TEMPLATE_LSP_TUNNEL_IPV4, "LSP_TUNNEL_IPV4"},
+    {RSVP_CLASS_SENDER_TEMPLATE, RSVP_CTYPE_SENDER_TEMPLATE_P2MP_LSP_TUNNEL_IPV4,
+     "P2MP_LSP_TUNNEL_IPV4"},
+    {RSVP_CLASS_SENDER_TSPEC, RSVP_CTYPE_SENDER_TSPEC_INTSERV, "INTSERV"},
+    {RSVP_CLASS_SENDER_TSPEC, RSVP_CTYPE_SENDER_TSPEC_SONET_SDH, "SONET_SDH"},
+    {RSVP_CLASS_SENDER_TSPEC, RSVP_CTYPE_SENDER_TSPEC_G709_OTN, "G709_OTN"},
+    {RSVP_CLASS_ADSPEC, RSVP_CTYPE_ADSPEC_INTSERV, "INTSERV"},
+    {RSVP_CLASS_RESV_CONFIRM, RSVP_CTYPE_RESV_CONFIRM_IPV4, "IPV4"},
+    {RSVP_CLASS_EXPLICIT_ROUTE, RSVP_CTYPE_EXPLICIT_ROUTE_SUBOBJECTS, "SUBOBJECTS"},
+    {RSVP_CLASS_RECORD_ROUTE, RSVP_CTYPE_RECORD_ROUTE_SUBOBJECTS, "SUBOBJECTS"},
+    {RSVP_CLASS_EXCLUDE_ROUTE, RSVP_CTYPE_EXCLUDE_ROUTE_SUBOBJECTS, "SUBOBJECTS"},
+};
+
+// Names indexed by Class-Num (and by C-Type), so that each object line costs two loads.
+struct Names {
+    std::array<const char *, 256> classes{};
+    std::array<std::array<const char *, 256>, 256> c_types{};
+};
+
+const Names &names() {
+    static const Names table = [] {
+        Names n;
+        for (const ClassName &c : kClassNames)
+            n.classes[c.class_num] = c.name;
+        for (const CTypeName &c : kCTypeNames)
+            n.c_types[c.class_num][c.c_type] = c.name;
+        return n;
+    }();
+    return table;
+}
+
 }  // namespace
 
 bool register_decoder(uint8_t class_num, int c_type, Decoder decode) {
@@ -82,9 +139,11 @@ Decoder find_decoder(uint8_t class_num, uint8_t c_type) {
 }
 
 const char *class_name(uint8_t class_num) {
-    for (const ClassName &c : kClassNames)
-        if (c.class_num == class_num) return c.name;
-    return nullptr;
+    return names().classes[class_num];
+}
+
+const char *c_type_name(uint8_t class_num, uint8_t c_type) {
+    return names().c_types[class_num][c_type];
 }
 
 const char *intserv_service_name(unsigned service) {
@@ -100,20 +159,6 @@ const char *intserv_service_name(unsigned service) {
         default:
             return "unknown";
     }
-}
-
-std::string addr(uint32_t wire_order) {
-    return inet_ntoa_r(wire_order);
-}
-
-std::string hex_bytes(const uint8_t *p, size_t n) {
-    std::string s = "0x";
-    char buf[3];
-    for (size_t i = 0; i < n; ++i) {
-        std::snprintf(buf, sizeof buf, "%02x", p[i]);
-        s += buf;
-    }
-    return s;
 }
 
 }  // namespace rsvpdump
