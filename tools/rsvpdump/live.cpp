@@ -10,9 +10,12 @@ namespace rsvpdump {
 
 namespace {
 
-// RSVP over IP, IPv6 Path messages behind their hop-by-hop Router Alert, RSVP over UDP.
+// RSVP over IP; over IPv6 also behind one hop-by-hop header (the Router Alert of a Path) or
+// fragment header; over UDP. (A filter that chased every IPv6 extension header would loop,
+// which the kernel refuses, so that filtering would fall back to user space.)
 constexpr const char kRsvpFilter[] =
-    "ip proto 46 or ip6 protochain 46 or udp port 1698 or udp port 1699";
+    "ip proto 46 or ip6 proto 46 or ((ip6 proto 0 or ip6 proto 44) and ip6[40] == 46)"
+    " or udp port 1698 or udp port 1699";
 constexpr int kSnapLen = 262144;
 constexpr int kTimeoutMs = 200;
 

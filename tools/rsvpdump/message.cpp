@@ -86,7 +86,10 @@ void Dumper::header_prefix(const Origin &origin, const IpInfo *ip) {
     }
     out.text(" ttl ").u("ip_ttl", ip->ttl);
     if (ip->udp_port) out.text(" udp ").u("udp_port", ip->udp_port);
-    if (ip->fragments) out.text(" (").u("fragments", ip->fragments).text(" fragments)");
+    if (ip->fragments) {
+        out.text(" (").u("fragments", ip->fragments);
+        out.text(ip->fragments == 1 ? " fragment)" : " fragments)");
+    }
     out.text(": ");
 }
 

@@ -65,8 +65,8 @@ class Out {
     // Text: the bytes as hex lines of 16 ("0x0010:  0a00 0001 ..."), each a new line at the
     // current indentation; JSON the digits as one string.
     Out &hexdump(const char *key, const uint8_t *p, size_t n);
-    // Capture time: text the local time of day as tcpdump shows it ("22:27:13.504618"); JSON
-    // seconds since the epoch as a number with six decimals.
+    // Capture time: text the local time of day, as capture tools show it ("22:27:13.504618");
+    // JSON the seconds since the epoch, as a number with six decimals.
     Out &timestamp(const char *key, int64_t sec, uint32_t usec);
     // JSON true/false; nothing in text (the decoder says it in words where it matters).
     Out &flag(const char *key, bool v);

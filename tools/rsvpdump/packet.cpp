@@ -2,15 +2,15 @@
 // options) or IPv6 (with extension headers), fragments reassembled, and RSVP directly over IP
 // (protocol 46) or over UDP (ports 1698 and 1699, RFC 2205 appendix C).
 //
-//   LINK TYPE (DLT)          HEADER                                    NETWORK PROTOCOL
-//   Ethernet (1)             dst 6, src 6, {TPID 2, TCI 2}..., type 2  the last Ethertype
-//   Linux cooked (113)       16 bytes                                  Ethertype at 14
-//   Linux cooked v2 (276)    20 bytes                                  Ethertype at 0
-//   BSD loopback (0)         4 bytes                                   address family, either order
-//   OpenBSD loopback (108)   4 bytes                                   address family, network
-//   order PPP (9)                  [ff 03] protocol 2                        0x0021 IPv4, 0x0057
-//   IPv6 Cisco HDLC (104)         address 1, control 1, protocol 2          Ethertype raw IP (12,
-//   14, 228, 229) none                                     the version nibble
+//   LINK TYPE (DLT)      HEADER                                 NETWORK PROTOCOL
+//   Ethernet (1)         dst 6, src 6, {TPID 2, TCI 2}..., type 2  the last Ethertype
+//   cooked (113)         16 bytes                               Ethertype at 14
+//   cooked v2 (276)      20 bytes                               Ethertype at 0
+//   loopback (0)         4 bytes                                family, writer's order
+//   loopback (108)       4 bytes                                family, network order
+//   PPP (9)              [ff 03] protocol 2                     0x0021 IPv4, 0x0057 IPv6
+//   C-HDLC (104)         address 1, control 1, protocol 2       Ethertype
+//   raw (12, 14, 228, 229)  none                                the version nibble
 //
 //   IPv4: OFFSET SIZE FIELD              IPv6: OFFSET SIZE FIELD
 //         0      1    version, IHL             0      4    version, class, flow
@@ -42,7 +42,7 @@ uint32_t be32(const uint8_t *p) {
            static_cast<uint32_t>(p[2]) << 8 | p[3];
 }
 
-constexpr int kDltRawOpenBsd = 14;  // DLT_RAW of OpenBSD, kept by libpcap as is
+constexpr int kDltRawOther = 14;  // DLT_RAW of some systems, which libpcap keeps as is
 
 constexpr size_t kEtherAddrsLen = 12;
 constexpr size_t kEtherTypeLen = 2;
@@ -58,10 +58,8 @@ constexpr size_t kSll2Len = 20;
 constexpr size_t kSll2Protocol = 0;
 constexpr size_t kLoopbackLen = 4;
 constexpr uint32_t kAfInet = 2;
-constexpr uint32_t kAfInet6Linux = 10;
-constexpr uint32_t kAfInet6Bsd = 24;  // NetBSD, OpenBSD
-constexpr uint32_t kAfInet6FreeBsd = 28;
-constexpr uint32_t kAfInet6Darwin = 30;
+// The value of AF_INET6 differs between the systems that write loopback captures.
+constexpr uint32_t kAfInet6Values[] = {10, 24, 28, 30};
 constexpr uint8_t kPppAddress = 0xff;
 constexpr uint8_t kPppControl = 0x03;
 constexpr uint16_t kPppIpv4 = 0x0021;
@@ -127,9 +125,8 @@ Network by_ethertype(uint16_t type, size_t offset) {
 
 Network by_family(uint32_t family) {
     if (family == kAfInet) return {kLoopbackLen, 4};
-    if (family == kAfInet6Linux || family == kAfInet6Bsd || family == kAfInet6FreeBsd ||
-        family == kAfInet6Darwin)
-        return {kLoopbackLen, 6};
+    for (const uint32_t inet6 : kAfInet6Values)
+        if (family == inet6) return {kLoopbackLen, 6};
     return kNotIp;
 }
 
@@ -170,7 +167,7 @@ Network link_layer(int link, const uint8_t *f, size_t n) {
         case DLT_C_HDLC:
             return n < kHdlcLen ? kNotIp : by_ethertype(be16(f + kHdlcProtocol), kHdlcLen);
         case DLT_RAW:
-        case kDltRawOpenBsd:
+        case kDltRawOther:
         case DLT_IPV4:
         case DLT_IPV6:
             return {0, 0};

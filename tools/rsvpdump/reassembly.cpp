@@ -44,7 +44,10 @@ void Reassembler::give_up(Pending &p) {
     p.used = false;
     IpInfo ip = p.ip;
     ip.fragments = p.fragments;
-    const size_t received = std::min(p.blocks * kBlock, p.end);
+    // Every block but a last, partial one is whole.
+    const size_t last = p.total ? (p.total - 1) / kBlock : 0;
+    const size_t received =
+        p.blocks * kBlock - (p.total && p.have[last] ? last * kBlock + kBlock - p.total : 0);
     dumper_.report_incomplete(ip, p.origin, p.id, p.protocol, received, p.total,
                               p.have[0] ? p.data.data() : nullptr, p.have[0] ? p.data.size() : 0);
 }
