@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "out.hpp"
 
@@ -22,11 +23,11 @@ inline constexpr int kAnyCType = -1;
 bool register_decoder(uint8_t class_num, int c_type, Decoder decode);
 Decoder find_decoder(uint8_t class_num, uint8_t c_type);
 
-// Name of a Class-Num for the object line ("SESSION"), or nullptr for a class without one.
-const char *class_name(uint8_t class_num);
+// Name of a Class-Num for the object line ("SESSION"), empty for a class without one.
+std::string_view class_name(uint8_t class_num);
 
-// Name of a C-Type of a class for the object line ("LSP_TUNNEL_IPV4"), or nullptr.
-const char *c_type_name(uint8_t class_num, uint8_t c_type);
+// Name of a C-Type of a class for the object line ("LSP_TUNNEL_IPV4"), or empty.
+std::string_view c_type_name(uint8_t class_num, uint8_t c_type);
 
 // Name of an Intserv service number ("Guaranteed", ...), "unknown" for others.
 const char *intserv_service_name(unsigned service);

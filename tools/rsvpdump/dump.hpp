@@ -119,6 +119,7 @@ class Dumper {
     Out sink_;
     Stats stats_;
     std::vector<uint8_t> msg_;  // the message being decoded, with zeroed room behind it
+    size_t msg_held_ = 0;       // bytes of it that the last message filled
     std::unique_ptr<Reassembler> reassembler_;
     int64_t last_progress_ = 0;
     bool progress_shown_ = false;

@@ -23,18 +23,36 @@ constexpr size_t kRoomFactor = 4;
 constexpr size_t kRoomExtra = 16;
 constexpr uint16_t kAllOnes = 0xffff;
 
-// The RFC 1071 one's complement sum of a byte run (an odd last byte padded with zero).
+// The RFC 1071 one's complement sum of a byte run (an odd last byte padded with zero). The
+// sum does not depend on byte order: words are added as the host loads them, and the result,
+// stored back the same way, reads as the sum of the big-endian words.
 uint16_t ones_complement_sum(const uint8_t *p, size_t n) {
     uint64_t sum = 0;
-    for (size_t i = 0; i + 1 < n; i += 2)
-        sum += static_cast<uint32_t>(p[i] << 8 | p[i + 1]);
-    if (n % 2) sum += static_cast<uint32_t>(p[n - 1] << 8);
+    size_t i = 0;
+    for (uint32_t word; i + sizeof word <= n; i += sizeof word) {
+        std::memcpy(&word, p + i, sizeof word);
+        sum += word;
+    }
+    uint16_t half = 0;
+    if (i < n) {
+        std::memcpy(&half, p + i, std::min<size_t>(n - i, sizeof half));
+        sum += half;
+        i += sizeof half;
+    }
+    if (i < n) {
+        half = 0;
+        std::memcpy(&half, p + i, 1);
+        sum += half;
+    }
     while (sum >> 16)
         sum = (sum & 0xffff) + (sum >> 16);
-    return static_cast<uint16_t>(sum);
+    half = static_cast<uint16_t>(sum);
+    uint8_t bytes[sizeof half];
+    std::memcpy(bytes, &half, sizeof half);
+    return static_cast<uint16_t>(bytes[0] << 8 | bytes[1]);
 }
 
-const char *verdict_text(uint32_t verdict) {
+std::string_view verdict_text(uint32_t verdict) {
     switch (verdict) {
         case RSVP_OBJECT_VALID:
             return "valid";
@@ -46,15 +64,17 @@ const char *verdict_text(uint32_t verdict) {
 }
 
 // Opens the object's list item and writes its line up to the verdict.
-void object_line(Out &out, uint8_t *obj, const char *verdict) {
+void object_line(Out &out, uint8_t *obj, std::string_view verdict) {
     const auto cls = static_cast<uint8_t>(RSVP_OBJECT_CLASS(obj));
     const auto c_type = static_cast<uint8_t>(RSVP_OBJECT_C_TYPE(obj));
     out.set_indent(kObjectIndent);
     out.open_item().line().text("object class ").u("class", cls);
-    if (const char *name = class_name(cls)) out.text(" ").str("class_name", name);
+    if (const std::string_view name = class_name(cls); !name.empty())
+        out.text(" ").name("class_name", name);
     out.text(" c-type ").u("c_type", c_type);
-    if (const char *name = c_type_name(cls, c_type)) out.text(" ").str("c_type_name", name);
-    out.text(" length ").u("length", RSVP_OBJECT_LENGTH(obj)).text(": ").str("verdict", verdict);
+    if (const std::string_view name = c_type_name(cls, c_type); !name.empty())
+        out.text(" ").name("c_type_name", name);
+    out.text(" length ").u("length", RSVP_OBJECT_LENGTH(obj)).text(": ").name("verdict", verdict);
 }
 
 void bytes_lines(Out &out, const uint8_t *p, size_t n) {
@@ -113,8 +133,12 @@ void Dumper::dump_message(const uint8_t *data, size_t captured, const Origin &or
     std::memcpy(header, data, sizeof header);
     const size_t length = RSVP_MESSAGE_LENGTH(header);
     const size_t held = std::min(captured, std::max<size_t>(length, RSVP_MSG_HDR_LEN));
-    msg_.assign(data, data + held);
-    msg_.resize(held * kRoomFactor + kRoomExtra, 0);
+    // Decoding writes only inside the message, so the room behind it is still zero but for
+    // what the previous, longer message left there.
+    if (msg_.size() < held * kRoomFactor + kRoomExtra) msg_.resize(held * kRoomFactor + kRoomExtra);
+    if (msg_held_ > held) std::memset(msg_.data() + held, 0, msg_held_ - held);
+    std::memcpy(msg_.data(), data, held);
+    msg_held_ = held;
     uint8_t *m = msg_.data();
     const uint8_t type = RSVP_MESSAGE_TYPE(m);
     ++stats_.by_type[type];
@@ -135,12 +159,15 @@ void Dumper::dump_message(const uint8_t *data, size_t captured, const Origin &or
         RSVP_MESSAGE_SET_CKSUM(m, 0);
         const auto want = static_cast<uint16_t>(~ones_complement_sum(m, length));
         RSVP_MESSAGE_SET_CKSUM(m, checksum);
-        out.text(" [").str("checksum_status", "bad").text(" cksum ").hex("checksum", checksum, 4);
+        out.text(" [").name("checksum_status", "bad").text(" cksum ").hex("checksum", checksum, 4);
         out.text(" (->").hex("checksum_expected", want, 4).text(")]");
         malformed = true;
     } else {
         out.text(" checksum ").hex("checksum", checksum, 4).text(" ");
-        out.str("checksum_status", checksum == 0 ? "none" : held == length ? "good" : "unverified");
+        using std::string_view_literals::operator""sv;
+        out.name("checksum_status", checksum == 0    ? "none"sv
+                                    : held == length ? "good"sv
+                                                     : "unverified"sv);
     }
 
     out.set_indent(kObjectIndent);

@@ -1,4 +1,5 @@
 #include <array>
+#include <string_view>
 
 #include "decode.hpp"
 #include "rsvp_object_lib.h"
@@ -11,14 +12,13 @@ namespace {
 constexpr size_t kAnyColumn = 256;
 using DecoderTable = std::array<std::array<Decoder, kAnyColumn + 1>, 256>;
 
-DecoderTable &decoders() {
-    static DecoderTable table{};
-    return table;
-}
+// Constant-initialised (all null) before any decoder registers itself from a static
+// initialiser, and free of the guard a function-local table would check on every lookup.
+constinit DecoderTable g_decoders{};
 
 struct ClassName {
     uint8_t class_num;
-    const char *name;
+    std::string_view name;
 };
 
 constexpr ClassName kClassNames[] = {
@@ -71,7 +71,7 @@ constexpr ClassName kClassNames[] = {
 struct CTypeName {
     uint8_t class_num;
     uint8_t c_type;
-    const char *name;
+    std::string_view name;
 };
 
 // The C-Types that the library's header names by kind, by the suffix of their constant (a
@@ -108,42 +108,46 @@ constexpr CTypeName kCTypeNames[] = {
     {RSVP_CLASS_EXCLUDE_ROUTE, RSVP_CTYPE_EXCLUDE_ROUTE_SUBOBJECTS, "SUBOBJECTS"},
 };
 
-// Names indexed by Class-Num (and by C-Type), so that each object line costs two loads.
+// Names indexed by Class-Num (and by C-Type), built at compile time, so that each object
+// line costs two loads.
+constexpr size_t kNamedCTypes = 16;  // the named C-Types are all below this
 struct Names {
-    std::array<const char *, 256> classes{};
-    std::array<std::array<const char *, 256>, 256> c_types{};
+    std::array<std::string_view, 256> classes{};
+    std::array<std::array<std::string_view, kNamedCTypes>, 256> c_types{};
 };
 
-const Names &names() {
-    static const Names table = [] {
-        Names n;
-        for (const ClassName &c : kClassNames)
-            n.classes[c.class_num] = c.name;
-        for (const CTypeName &c : kCTypeNames)
-            n.c_types[c.class_num][c.c_type] = c.name;
-        return n;
-    }();
-    return table;
-}
+constexpr Names kNames = [] {
+    Names n;
+    for (const ClassName &c : kClassNames)
+        n.classes[c.class_num] = c.name;
+    for (const CTypeName &c : kCTypeNames)
+        n.c_types[c.class_num][c.c_type] = c.name;
+    return n;
+}();
+static_assert([] {
+    for (const CTypeName &c : kCTypeNames)
+        if (c.c_type >= kNamedCTypes) return false;
+    return true;
+}());
 
 }  // namespace
 
 bool register_decoder(uint8_t class_num, int c_type, Decoder decode) {
-    decoders()[class_num][c_type == kAnyCType ? kAnyColumn : static_cast<uint8_t>(c_type)] = decode;
+    g_decoders[class_num][c_type == kAnyCType ? kAnyColumn : static_cast<uint8_t>(c_type)] = decode;
     return true;
 }
 
 Decoder find_decoder(uint8_t class_num, uint8_t c_type) {
-    const auto &row = decoders()[class_num];
+    const auto &row = g_decoders[class_num];
     return row[c_type] ? row[c_type] : row[kAnyColumn];
 }
 
-const char *class_name(uint8_t class_num) {
-    return names().classes[class_num];
+std::string_view class_name(uint8_t class_num) {
+    return kNames.classes[class_num];
 }
 
-const char *c_type_name(uint8_t class_num, uint8_t c_type) {
-    return names().c_types[class_num][c_type];
+std::string_view c_type_name(uint8_t class_num, uint8_t c_type) {
+    return c_type < kNamedCTypes ? kNames.c_types[class_num][c_type] : std::string_view();
 }
 
 const char *intserv_service_name(unsigned service) {
