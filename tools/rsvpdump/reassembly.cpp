@@ -85,7 +85,7 @@ void Reassembler::add(const IpInfo &ip, const Origin &origin, uint32_t id, uint8
         return;
     }
     if (p->data.size() < end) p->data.resize(end);
-    std::memcpy(p->data.data() + offset, data, n);
+    if (n) std::memcpy(p->data.data() + offset, data, n);
     p->end = std::max(p->end, end);
     ++p->fragments;
     for (size_t b = offset / kBlock; b < (end + kBlock - 1) / kBlock; ++b) {
