@@ -125,6 +125,16 @@ class Dumper {
     bool progress_shown_ = false;
 };
 
+// Big-endian loads from any byte address, for the headers around RSVP messages (capture
+// files, link layers, IP, UDP); the messages themselves are read through the library.
+inline uint16_t load_be16(const uint8_t *p) {
+    return static_cast<uint16_t>(p[0] << 8 | p[1]);
+}
+inline uint32_t load_be32(const uint8_t *p) {
+    return static_cast<uint32_t>(p[0]) << 24 | static_cast<uint32_t>(p[1]) << 16 |
+           static_cast<uint32_t>(p[2]) << 8 | p[3];
+}
+
 // The name of a message type, or nullptr while the library's text unit is not there.
 const char *message_type_name(uint8_t type);
 

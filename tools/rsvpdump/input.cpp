@@ -26,11 +26,6 @@ constexpr size_t kPcapngByteOrderOffset = 8;
 constexpr size_t kSniffLen = 512;
 constexpr uint64_t kProgressEvery = 4096;  // records between looks at the clock
 
-uint32_t be32(const uint8_t *p) {
-    return static_cast<uint32_t>(p[0]) << 24 | static_cast<uint32_t>(p[1]) << 16 |
-           static_cast<uint32_t>(p[2]) << 8 | p[3];
-}
-
 bool is_magic(uint32_t word, uint32_t magic) {
     return word == magic || word == __builtin_bswap32(magic);
 }
@@ -40,13 +35,13 @@ enum class Format { kEmpty, kCapture, kHex, kUnknown };
 Format sniff(const uint8_t *head, size_t n) {
     if (n == 0) return Format::kEmpty;
     if (n >= 4) {
-        const uint32_t magic = be32(head);
+        const uint32_t magic = load_be32(head);
         if (is_magic(magic, kPcapMagicMicro) || is_magic(magic, kPcapMagicNano) ||
             is_magic(magic, kPcapMagicModified))
             return Format::kCapture;
         if (magic == kPcapngSectionHeader &&
             (n < kPcapngByteOrderOffset + 4 ||
-             is_magic(be32(head + kPcapngByteOrderOffset), kPcapngByteOrderMagic)))
+             is_magic(load_be32(head + kPcapngByteOrderOffset), kPcapngByteOrderMagic)))
             return Format::kCapture;
     }
     for (size_t i = 0; i < n; ++i)

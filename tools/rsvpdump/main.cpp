@@ -32,7 +32,8 @@ void usage(std::FILE *f) {
         "  --hex       read every FILE as hex text\n"
         "  --json      one JSON object per message and line (JSON Lines)\n"
         "  --strict    exit with 1 when any message or record was malformed\n"
-        "  --progress  show progress on standard error (default: when it is a terminal)\n"
+        "  --progress  show progress on standard error (default: when it is a terminal\n"
+        "              and standard output is not)\n"
         "Exit status: 0 when every input was read, 1 (--strict) when something was\n"
         "malformed, 2 for a usage error or an input that could not be read.\n",
         f);
@@ -47,7 +48,8 @@ int main(int argc, char **argv) {
         {"strict", no_argument, nullptr, kStrict}, {"progress", no_argument, nullptr, kProgress},
         {"help", no_argument, nullptr, 'h'},       {nullptr, 0, nullptr, 0}};
     rsvpdump::Options options;
-    options.progress = isatty(STDERR_FILENO) != 0;
+    // Progress on a terminal, unless the messages themselves go there.
+    options.progress = isatty(STDERR_FILENO) && !isatty(STDOUT_FILENO);
     bool strict = false;
     std::string interface;
     for (int c; (c = getopt_long(argc, argv, "c:i:h", kLong, nullptr)) != -1;) {
@@ -87,26 +89,23 @@ int main(int argc, char **argv) {
         }
     }
     std::vector<std::string> args(argv + optind, argv + argc);
+    if (!interface.empty()) {  // every message as it comes, and no progress to show
+        options.flush_each = true;
+        options.progress = false;
+    }
 
+    rsvpdump::Dumper dumper(options, stdout, stderr);
     if (!interface.empty()) {
         std::string filter;
         for (const std::string &a : args)
             filter += (filter.empty() ? "" : " ") + a;
-        options.flush_each = true;
-        options.progress = false;
-        rsvpdump::Dumper dumper(options, stdout, stderr);
-        const bool read = dumper.dump_live(interface, filter);
-        dumper.print_summary();
-        if (!read && dumper.stats().inputs_failed) return kExitUsage;
-        const rsvpdump::Stats &s = dumper.stats();
-        return strict && (s.malformed || s.incomplete || s.input_errors) ? kExitMalformed : 0;
-    }
-
-    if (args.empty()) args.push_back("-");
-    rsvpdump::Dumper dumper(options, stdout, stderr);
-    for (const std::string &path : args) {
-        if (dumper.limit_reached()) break;
-        dumper.dump_path(path);
+        dumper.dump_live(interface, filter);
+    } else {
+        if (args.empty()) args.push_back("-");
+        for (const std::string &path : args) {
+            if (dumper.limit_reached()) break;
+            dumper.dump_path(path);
+        }
     }
     dumper.print_summary();
     const rsvpdump::Stats &s = dumper.stats();

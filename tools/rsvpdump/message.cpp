@@ -22,6 +22,7 @@ constexpr int kBytesIndent = 6;
 constexpr size_t kRoomFactor = 4;
 constexpr size_t kRoomExtra = 16;
 constexpr uint16_t kAllOnes = 0xffff;
+constexpr unsigned kWordLen = 4;  // object lengths count whole words
 
 // The RFC 1071 one's complement sum of a byte run (an odd last byte padded with zero). The
 // sum does not depend on byte order: words are added as the host loads them, and the result,
@@ -83,6 +84,82 @@ void bytes_lines(Out &out, const uint8_t *p, size_t n) {
     out.set_indent(kObjectIndent);
 }
 
+// The checksum field and its verdict; true when it is wrong. The checksum covers the whole
+// message, so a message cut short cannot be checked; the sum over a sound message, its
+// checksum field included, is all ones.
+bool print_checksum(Out &out, uint8_t *m, size_t held, size_t length) {
+    using std::string_view_literals::operator""sv;
+    const uint16_t checksum = RSVP_MESSAGE_CKSUM(m);
+    if (checksum == 0 || length < RSVP_MSG_HDR_LEN || held != length ||
+        ones_complement_sum(m, length) == kAllOnes) {
+        out.text(" checksum ").hex("checksum", checksum, 4).text(" ");
+        out.name("checksum_status", checksum == 0    ? "none"sv
+                                    : held == length ? "good"sv
+                                                     : "unverified"sv);
+        return false;
+    }
+    RSVP_MESSAGE_SET_CKSUM(m, 0);
+    const auto want = static_cast<uint16_t>(~ones_complement_sum(m, length));
+    RSVP_MESSAGE_SET_CKSUM(m, checksum);
+    out.text(" [").name("checksum_status", "bad").text(" cksum ").hex("checksum", checksum, 4);
+    out.text(" (->").hex("checksum_expected", want, 4).text(")]");
+    return true;
+}
+
+// One line per object of a message whose common header is sound, as far as the bytes held go;
+// true when anything in it is malformed.
+bool print_objects(Out &out, Stats &stats, uint8_t *m, size_t held, size_t length) {
+    bool malformed = false;
+    // remaining counts from the object to look at next to the end of the bytes held.
+    const auto held_objects = static_cast<uint32_t>(held - RSVP_MSG_HDR_LEN);
+    uint32_t remaining = held_objects;
+    out.open_list("objects");
+    while (remaining > 0) {
+        const uint32_t offset = RSVP_MSG_HDR_LEN + (held_objects - remaining);
+        if (remaining < RSVP_OBJ_HDR_LEN) {
+            if (held < length) break;  // a header cut short by the capture
+            out.line().u("stray_bytes", remaining).text(" stray bytes after the last object");
+            malformed = true;
+            break;
+        }
+        uint8_t *obj = m + offset;
+        const uint16_t obj_length = RSVP_OBJECT_LENGTH(obj);
+        const char *problem = obj_length < RSVP_OBJ_HDR_LEN  ? "shorter than its header"
+                              : obj_length % kWordLen != 0   ? "not a whole number of words"
+                              : offset + obj_length > length ? "runs past the message end"
+                                                             : nullptr;
+        if (!problem && obj_length > remaining) break;  // cut short by the capture
+        if (problem) {
+            object_line(out, obj, "malformed");
+            out.text(" (").str("problem", problem).text(")");
+            bytes_lines(out, obj, remaining);
+            out.close();
+            malformed = true;
+            break;
+        }
+        const uint32_t verdict = rsvp_valid_object(obj);
+        object_line(out, obj, verdict_text(verdict));
+        if (verdict == RSVP_OBJECT_VALID) {
+            if (Decoder decode = find_decoder(static_cast<uint8_t>(RSVP_OBJECT_CLASS(obj)),
+                                              static_cast<uint8_t>(RSVP_OBJECT_C_TYPE(obj)))) {
+                out.nest("fields");
+                decode(obj, out);
+                out.close();
+            }
+        } else {
+            if (verdict == RSVP_OBJECT_INVALID) {
+                ++stats.invalid_objects;
+                malformed = true;
+            }
+            bytes_lines(out, obj, obj_length);
+        }
+        out.close();
+        rsvp_next_nonnull_object(obj, &remaining);
+    }
+    out.close();
+    return malformed;
+}
+
 }  // namespace
 
 const char *message_type_name(uint8_t) {
@@ -142,7 +219,6 @@ void Dumper::dump_message(const uint8_t *data, size_t captured, const Origin &or
     uint8_t *m = msg_.data();
     const uint8_t type = RSVP_MESSAGE_TYPE(m);
     ++stats_.by_type[type];
-    bool malformed = false;
 
     out.text("message type ").u("type", type);
     if (const char *name = message_type_name(type)) out.text(" (").str("type_name", name).text(")");
@@ -150,78 +226,14 @@ void Dumper::dump_message(const uint8_t *data, size_t captured, const Origin &or
     out.text(" flags ").hex("flags", RSVP_MESSAGE_FLAGS(m));
     out.text(" ttl ").u("send_ttl", RSVP_MESSAGE_SENDING_TTL(m));
     out.text(" length ").u("length", length);
-
-    // The checksum covers the whole message, so a message cut short cannot be checked; the
-    // sum over a sound message, its checksum field included, is all ones.
-    const uint16_t checksum = RSVP_MESSAGE_CKSUM(m);
-    if (checksum != 0 && length >= RSVP_MSG_HDR_LEN && held == length &&
-        ones_complement_sum(m, length) != kAllOnes) {
-        RSVP_MESSAGE_SET_CKSUM(m, 0);
-        const auto want = static_cast<uint16_t>(~ones_complement_sum(m, length));
-        RSVP_MESSAGE_SET_CKSUM(m, checksum);
-        out.text(" [").name("checksum_status", "bad").text(" cksum ").hex("checksum", checksum, 4);
-        out.text(" (->").hex("checksum_expected", want, 4).text(")]");
-        malformed = true;
-    } else {
-        out.text(" checksum ").hex("checksum", checksum, 4).text(" ");
-        using std::string_view_literals::operator""sv;
-        out.name("checksum_status", checksum == 0    ? "none"sv
-                                    : held == length ? "good"sv
-                                                     : "unverified"sv);
-    }
+    bool malformed = print_checksum(out, m, held, length);
 
     out.set_indent(kObjectIndent);
     if (length < RSVP_MSG_HDR_LEN) {
         out.line().str("problem", "length shorter than the common header");
         malformed = true;
     } else {
-        // remaining counts from the object to look at next to the end of the bytes held.
-        const uint32_t held_objects = static_cast<uint32_t>(held - RSVP_MSG_HDR_LEN);
-        uint32_t remaining = held_objects;
-        out.open_list("objects");
-        while (remaining > 0) {
-            const uint32_t offset = RSVP_MSG_HDR_LEN + (held_objects - remaining);
-            if (remaining < RSVP_OBJ_HDR_LEN) {
-                if (held < length) break;  // a header cut short by the capture
-                out.line().u("stray_bytes", remaining).text(" stray bytes after the last object");
-                malformed = true;
-                break;
-            }
-            uint8_t *obj = m + offset;
-            const uint16_t obj_length = RSVP_OBJECT_LENGTH(obj);
-            const char *problem = obj_length < RSVP_OBJ_HDR_LEN  ? "shorter than its header"
-                                  : obj_length % 4 != 0          ? "not a whole number of words"
-                                  : offset + obj_length > length ? "runs past the message end"
-                                                                 : nullptr;
-            if (!problem && obj_length > remaining) break;  // cut short by the capture
-            if (problem) {
-                object_line(out, obj, "malformed");
-                out.text(" (").str("problem", problem).text(")");
-                bytes_lines(out, obj, remaining);
-                out.close();
-                malformed = true;
-                break;
-            }
-            const uint32_t verdict = rsvp_valid_object(obj);
-            object_line(out, obj, verdict_text(verdict));
-            if (verdict == RSVP_OBJECT_VALID) {
-                if (Decoder decode = find_decoder(static_cast<uint8_t>(RSVP_OBJECT_CLASS(obj)),
-                                                  static_cast<uint8_t>(RSVP_OBJECT_C_TYPE(obj)))) {
-                    out.nest("fields");
-                    decode(obj, out);
-                    out.close();
-                }
-            } else {
-                if (verdict == RSVP_OBJECT_INVALID) {
-                    ++stats_.invalid_objects;
-                    malformed = true;
-                }
-                bytes_lines(out, obj, obj_length);
-            }
-            out.close();
-            rsvp_next_nonnull_object(obj, &remaining);
-        }
-        out.close();
+        malformed |= print_objects(out, stats_, m, held, length);
         out.set_indent(kObjectIndent);
         if (held < length) {
             out.line().flag("truncated", true).text("[truncated: ").u("captured", captured);

@@ -33,15 +33,6 @@ namespace rsvpdump {
 
 namespace {
 
-uint16_t be16(const uint8_t *p) {
-    return static_cast<uint16_t>(p[0] << 8 | p[1]);
-}
-
-uint32_t be32(const uint8_t *p) {
-    return static_cast<uint32_t>(p[0]) << 24 | static_cast<uint32_t>(p[1]) << 16 |
-           static_cast<uint32_t>(p[2]) << 8 | p[3];
-}
-
 constexpr int kDltRawOther = 14;  // DLT_RAW of some systems, which libpcap keeps as is
 
 constexpr size_t kEtherAddrsLen = 12;
@@ -79,7 +70,9 @@ constexpr size_t kIpv4Protocol = 9;
 constexpr size_t kIpv4Src = 12;
 constexpr size_t kIpv4Dst = 16;
 constexpr size_t kIpv4AddrLen = 4;
+constexpr unsigned kIhlMask = 0x0f;
 constexpr unsigned kIhlWords = 4;
+constexpr size_t kIpv4OffsetUnit = 8;
 
 constexpr size_t kIpv6Header = 40;
 constexpr size_t kIpv6PayloadLength = 4;
@@ -136,7 +129,7 @@ Network link_layer(int link, const uint8_t *f, size_t n) {
             size_t at = kEtherAddrsLen;
             // Any number of 802.1Q / 802.1ad tags, each a TPID and a tag control word.
             while (at + kEtherTypeLen <= n) {
-                const uint16_t type = be16(f + at);
+                const uint16_t type = load_be16(f + at);
                 if (type != kTpid8021Q && type != kTpid8021ad && type != kTpidQinQ)
                     return by_ethertype(type, at + kEtherTypeLen);
                 at += kVlanTagLen;
@@ -144,28 +137,28 @@ Network link_layer(int link, const uint8_t *f, size_t n) {
             return kNotIp;
         }
         case DLT_LINUX_SLL:
-            return n < kSllLen ? kNotIp : by_ethertype(be16(f + kSllProtocol), kSllLen);
+            return n < kSllLen ? kNotIp : by_ethertype(load_be16(f + kSllProtocol), kSllLen);
         case DLT_LINUX_SLL2:
-            return n < kSll2Len ? kNotIp : by_ethertype(be16(f + kSll2Protocol), kSll2Len);
+            return n < kSll2Len ? kNotIp : by_ethertype(load_be16(f + kSll2Protocol), kSll2Len);
         case DLT_NULL: {
             if (n < kLoopbackLen) return kNotIp;
-            const uint32_t family = be32(f);  // in the byte order of the writer
+            const uint32_t family = load_be32(f);  // in the byte order of the writer
             const Network net = by_family(family);
             return net.offset >= 0 ? net : by_family(__builtin_bswap32(family));
         }
         case DLT_LOOP:
-            return n < kLoopbackLen ? kNotIp : by_family(be32(f));
+            return n < kLoopbackLen ? kNotIp : by_family(load_be32(f));
         case DLT_PPP: {
             size_t at = n >= 2 && f[0] == kPppAddress && f[1] == kPppControl ? 2 : 0;
             if (n < at + kPppProtocolLen) return kNotIp;
-            const uint16_t protocol = be16(f + at);
+            const uint16_t protocol = load_be16(f + at);
             at += kPppProtocolLen;
             if (protocol == kPppIpv4) return {static_cast<long>(at), 4};
             if (protocol == kPppIpv6) return {static_cast<long>(at), 6};
             return kNotIp;
         }
         case DLT_C_HDLC:
-            return n < kHdlcLen ? kNotIp : by_ethertype(be16(f + kHdlcProtocol), kHdlcLen);
+            return n < kHdlcLen ? kNotIp : by_ethertype(load_be16(f + kHdlcProtocol), kHdlcLen);
         case DLT_RAW:
         case kDltRawOther:
         case DLT_IPV4:
@@ -213,9 +206,9 @@ void Dumper::dump_ip(const uint8_t *p, size_t n, const Origin &origin) {
     IpInfo ip;
     ip.version = p[0] >> 4;
     if (ip.version == 4) {
-        const size_t header = (p[0] & 0x0fu) * kIhlWords;
+        const size_t header = (p[0] & kIhlMask) * kIhlWords;
         if (n < kIpv4MinHeader || header < kIpv4MinHeader || header > n) return;
-        const size_t total = be16(p + kIpv4TotalLength);
+        const size_t total = load_be16(p + kIpv4TotalLength);
         if (total < header) return;
         const uint8_t protocol = p[kIpv4Protocol];
         if (protocol != kProtoRsvp && protocol != kProtoUdp) return;
@@ -223,21 +216,21 @@ void Dumper::dump_ip(const uint8_t *p, size_t n, const Origin &origin) {
         std::memcpy(ip.src, p + kIpv4Src, kIpv4AddrLen);
         std::memcpy(ip.dst, p + kIpv4Dst, kIpv4AddrLen);
         const size_t end = std::min(n, total);  // drops link-layer padding
-        const uint16_t fragment = be16(p + kIpv4Fragment);
-        const size_t offset = (fragment & kIpv4OffsetMask) * size_t{8};
+        const uint16_t fragment = load_be16(p + kIpv4Fragment);
+        const size_t offset = (fragment & kIpv4OffsetMask) * kIpv4OffsetUnit;
         const bool more = (fragment & kIpv4MoreFragments) != 0;
         if (offset == 0 && !more)
             deliver(p + header, end - header, protocol, ip, origin);
         else
-            reassembler_->add(ip, origin, be16(p + kIpv4Id), protocol, offset, more, end < total,
-                              p + header, end - header);
+            reassembler_->add(ip, origin, load_be16(p + kIpv4Id), protocol, offset, more,
+                              end < total, p + header, end - header);
         return;
     }
     if (ip.version != 6 || n < kIpv6Header) return;
     ip.ttl = p[kIpv6HopLimit];
     std::memcpy(ip.src, p + kIpv6Src, kIpv6AddrLen);
     std::memcpy(ip.dst, p + kIpv6Dst, kIpv6AddrLen);
-    const size_t payload_length = be16(p + kIpv6PayloadLength);
+    const size_t payload_length = load_be16(p + kIpv6PayloadLength);
     // A payload length of 0 announces a jumbogram: its length is in an option; take the frame's.
     const bool whole = payload_length == 0 || kIpv6Header + payload_length <= n;
     size_t left = payload_length == 0 ? n - kIpv6Header : std::min(n - kIpv6Header, payload_length);
@@ -249,8 +242,8 @@ void Dumper::dump_ip(const uint8_t *p, size_t n, const Origin &origin) {
         return;
     }
     if (left < kIpv6FragmentHeader) return;
-    const uint16_t fragment = be16(q + kIpv6FragmentOffset);
-    const uint32_t id = be32(q + kIpv6FragmentId);
+    const uint16_t fragment = load_be16(q + kIpv6FragmentOffset);
+    const uint32_t id = load_be32(q + kIpv6FragmentId);
     next = q[0];
     if (ipv6_extension(next) || next == kProtoRsvp || next == kProtoUdp)
         reassembler_->add(ip, origin, id, next, fragment & kIpv6OffsetMask,
@@ -267,8 +260,8 @@ void Dumper::deliver(const uint8_t *p, size_t n, uint8_t protocol, const IpInfo 
         return;
     }
     if (protocol != kProtoUdp || n < kUdpHeader) return;
-    const uint16_t port = be16(p + kUdpDstPort);
-    const size_t length = be16(p + kUdpLength);
+    const uint16_t port = load_be16(p + kUdpDstPort);
+    const size_t length = load_be16(p + kUdpLength);
     if ((port != kRsvpUdpPort && port != kRsvpUdpPortEndSystem) || length < kUdpHeader) return;
     IpInfo over_udp = ip;
     over_udp.udp_port = port;
@@ -281,10 +274,8 @@ void Dumper::report_incomplete(const IpInfo &ip, const Origin &origin, uint32_t 
     // Fragments of UDP datagrams are kept until their ports are known: only those of RSVP
     // matter.
     if (protocol == kProtoUdp) {
-        const uint8_t *p = head;
-        size_t n = head_n;
-        if (!p || n < kUdpHeader) return;
-        const uint16_t port = be16(p + kUdpDstPort);
+        if (!head || head_n < kUdpHeader) return;
+        const uint16_t port = load_be16(head + kUdpDstPort);
         if (port != kRsvpUdpPort && port != kRsvpUdpPortEndSystem) return;
     }
     Out &out = sink_;
