@@ -84,12 +84,14 @@ def ether(packet, ethertype=0x0800, tags=()):
     return head + struct.pack("!H", ethertype) + packet
 
 
-def pcap(frames, linktype=1, snaplen=65535, cut_last=0):
+def pcap(frames, linktype=1, snaplen=65535, cut_last=0, times=None):
+    """Frames a quarter of a second apart, or at the given seconds after the first."""
     out = struct.pack("<IHHiIII", 0xA1B2C3D4, 2, 4, 0, 0, snaplen, linktype)
     for i, frame in enumerate(frames):
         caplen = min(len(frame), snaplen)
-        out += struct.pack("<IIII", 1700000000 + i, 250000 * i, caplen, len(frame)) + \
-            frame[:caplen]
+        usec = int((times[i] if times else i / 4) * 1000000)
+        out += struct.pack("<IIII", 1700000000 + usec // 1000000, usec % 1000000, caplen,
+                           len(frame)) + frame[:caplen]
     return out[:len(out) - cut_last]
 
 
@@ -153,6 +155,13 @@ def cases():
                            fragments4(PATH, 12, [48, 148], [1]) +
                            fragments4(PATH, 13, [48, 48, 100], [0, 2])),
         "frag6.pcap": pcap(fragments6(PATH, 77, [64, 132], [1, 0])),
+        # Bounds: a 17th waiting datagram pushes out the first, whose last fragment then comes
+        # too late; a datagram that waited 40 s is given up before its last fragment comes.
+        "frag-bounds.pcap": pcap([fragments4(PATH, 100 + i, [48, 148], [0])[0] for i in range(17)]
+                                 + fragments4(PATH, 100, [48, 148], [1])),
+        "frag-timeout.pcap": pcap(fragments4(PATH, 1, [48, 148], [0]) +
+                                  fragments4(PATH, 2, [48, 148], [0, 1]) +
+                                  fragments4(PATH, 1, [48, 148], [1]), times=[0, 40, 40.5, 41]),
         "snaplen.pcap": pcap([ether(ipv4(PATH))], snaplen=90),
         "cut-record.pcap": pcap([ether(ipv4(PATH_TEAR)), ether(ipv4(PATH))], cut_last=100),
         "unknown-link.pcap": pcap([ipv4(PATH_TEAR)], 147),

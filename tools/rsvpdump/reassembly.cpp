@@ -20,24 +20,25 @@ Reassembler::Pending *Reassembler::find(const IpInfo &ip, uint32_t id, uint8_t p
     return nullptr;
 }
 
-// A free slot, after giving up on datagrams that waited too long; when every slot is taken,
-// the oldest datagram's.
-Reassembler::Pending *Reassembler::slot(const Origin &origin) {
-    Pending *free = nullptr, *oldest = nullptr;
-    for (size_t k = 0; k < kMaxPending; ++k) {
-        Pending &p = pending_[k];
-        if (p.used && origin.has_time && p.origin.has_time &&
-            origin.sec - p.origin.sec > kTimeoutSec)
-            give_up(p);
-        if (!p.used) {
-            if (!free) free = &p;
-        } else if (!oldest || order_[k] < order_[oldest - pending_]) {
-            oldest = &p;
-        }
-    }
-    if (free) return free;
-    give_up(*oldest);
+Reassembler::Pending *Reassembler::oldest() {
+    Pending *oldest = nullptr;
+    for (size_t k = 0; k < kMaxPending; ++k)
+        if (pending_[k].used && (!oldest || order_[k] < order_[oldest - pending_]))
+            oldest = &pending_[k];
     return oldest;
+}
+
+// A free slot, after giving up on datagrams that waited too long; when every slot is taken,
+// the oldest datagram's. Datagrams given up are reported in the order they came.
+Reassembler::Pending *Reassembler::slot(const Origin &origin) {
+    for (Pending *p; (p = oldest()) && origin.has_time && p->origin.has_time &&
+                     origin.sec - p->origin.sec > kTimeoutSec;)
+        give_up(*p);
+    for (Pending &p : pending_)
+        if (!p.used) return &p;
+    Pending *p = oldest();
+    give_up(*p);
+    return p;
 }
 
 void Reassembler::give_up(Pending &p) {
@@ -101,8 +102,8 @@ void Reassembler::add(const IpInfo &ip, const Origin &origin, uint32_t id, uint8
 }
 
 void Reassembler::flush() {
-    for (Pending &p : pending_)
-        if (p.used) give_up(p);
+    while (Pending *p = oldest())
+        give_up(*p);
 }
 
 }  // namespace rsvpdump

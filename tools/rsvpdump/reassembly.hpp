@@ -46,6 +46,7 @@ class Reassembler {
         std::vector<uint8_t> data;
     };
     Pending *find(const IpInfo &ip, uint32_t id, uint8_t protocol);
+    Pending *oldest();
     Pending *slot(const Origin &origin);
     void give_up(Pending &p);
 
