@@ -18,7 +18,7 @@ run() {  # prints the command line, then what it says and its exit status
 {
     for f in ethernet.pcap qinq.pcap sll.pcap sll2.pcap raw.pcap null.pcap ipv6-ext.pcap \
              udp.pcap frag4.pcap frag6.pcap frag-bounds.pcap frag-timeout.pcap snaplen.pcap \
-             cut-record.pcap pcapng-named.txt \
+             snaplen-header.pcap snaplen-fragment.pcap cut-record.pcap pcapng-named.txt \
              hex-named.pcap; do
         run "$f"
     done

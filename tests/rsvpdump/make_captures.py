@@ -48,6 +48,11 @@ PATH_TEAR = message(5, [SESSION, HOP, SENDER])
 ERO = obj(20, 1, b"".join(b"\x01\x08" + addr("10.0.%d.1" % i) + b"\x20\x00" for i in range(12)))
 PATH = message(1, [SESSION, HOP, TIME, ERO, SENDER])
 BAD_SUM = message(5, [SESSION, HOP, SENDER], good_checksum=False)
+# Broken runs of objects: bytes after the message in its datagram, a last object that runs
+# past the message end, two stray bytes after the last object.
+TRAILING = PATH_TEAR + b"\0\0\0\0"
+PAST_END = message(5, [SESSION, HOP, struct.pack("!H", 16) + SENDER[2:]])
+STRAY = message(5, [SESSION, HOP, SENDER + b"\0\0"])
 
 
 def ipv4(payload, proto=RSVP, src="10.0.12.1", dst="10.0.0.3", ident=1, frag=0,
@@ -138,7 +143,9 @@ def cases():
         # Link types, with Router Alert in IPv4 and a bad checksum in the second message.
         "ethernet.pcap": pcap([ether(ipv4(PATH_TEAR, options=ROUTER_ALERT)),
                                ether(ipv4(BAD_SUM))]),
-        "qinq.pcap": pcap([ether(ipv4(PATH_TEAR), tags=((0x88A8, 100), (0x8100, 200)))]),
+        # Two tags, and link-layer padding behind the IP datagram.
+        "qinq.pcap": pcap([ether(ipv4(PATH_TEAR), tags=((0x88A8, 100), (0x8100, 200))) +
+                           b"\0" * 6]),
         "sll.pcap": pcap([struct.pack("!HHH8sH", 0, 1, 6, b"\0" * 8, 0x0800) + ipv4(PATH_TEAR)],
                          113),
         "sll2.pcap": pcap([struct.pack("!HHIHBB8s", 0x86DD, 0, 2, 1, 0, 6, b"\0" * 8) +
@@ -153,7 +160,10 @@ def cases():
         "frag4.pcap": pcap(fragments4(PATH, 10, [48, 48, 100], [0, 1, 2]) +
                            fragments4(PATH, 11, [48, 48, 100], [2, 0, 1]) +
                            fragments4(PATH, 12, [48, 148], [1]) +
-                           fragments4(PATH, 13, [48, 48, 100], [0, 2])),
+                           fragments4(PATH, 13, [48, 48, 100], [0, 2]) +
+                           # not a whole number of blocks before the last fragment: no use
+                           [ether(ipv4(PATH[:50], ident=14, frag=0x2000)),
+                            ether(ipv4(PATH[48:], ident=14, frag=6))]),
         "frag6.pcap": pcap(fragments6(PATH, 77, [64, 132], [1, 0])),
         # Bounds: a 17th waiting datagram pushes out the first, whose last fragment then comes
         # too late; a datagram that waited 40 s is given up before its last fragment comes.
@@ -162,11 +172,16 @@ def cases():
         "frag-timeout.pcap": pcap(fragments4(PATH, 1, [48, 148], [0]) +
                                   fragments4(PATH, 2, [48, 148], [0, 1]) +
                                   fragments4(PATH, 1, [48, 148], [1]), times=[0, 40, 40.5, 41]),
+        # Cut by the snap length inside an object, inside an object header, inside the last
+        # fragment of a datagram.
         "snaplen.pcap": pcap([ether(ipv4(PATH))], snaplen=90),
+        "snaplen-header.pcap": pcap([ether(ipv4(PATH))], snaplen=80),
+        "snaplen-fragment.pcap": pcap(fragments4(PATH, 20, [48, 148], [0, 1]), snaplen=100),
         "cut-record.pcap": pcap([ether(ipv4(PATH_TEAR)), ether(ipv4(PATH))], cut_last=100),
         "unknown-link.pcap": pcap([ipv4(PATH_TEAR)], 147),
         "pcapng-named.txt": pcapng([ether(ipv4(PATH_TEAR))]),
-        "hex-named.pcap": PATH_TEAR.hex().encode() + b"\n",
+        "hex-named.pcap": b"".join(m.hex().encode() + b"\n"
+                                   for m in (PATH_TEAR, TRAILING, PAST_END, STRAY)),
         "empty": b"",
         "garbage.bin": bytes(range(256)),
     }

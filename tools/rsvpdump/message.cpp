@@ -110,6 +110,7 @@ bool print_checksum(Out &out, uint8_t *m, size_t held, size_t length) {
 // true when anything in it is malformed.
 bool print_objects(Out &out, Stats &stats, uint8_t *m, size_t held, size_t length) {
     bool malformed = false;
+    uint32_t stray = 0;
     // remaining counts from the object to look at next to the end of the bytes held.
     const auto held_objects = static_cast<uint32_t>(held - RSVP_MSG_HDR_LEN);
     uint32_t remaining = held_objects;
@@ -117,9 +118,7 @@ bool print_objects(Out &out, Stats &stats, uint8_t *m, size_t held, size_t lengt
     while (remaining > 0) {
         const uint32_t offset = RSVP_MSG_HDR_LEN + (held_objects - remaining);
         if (remaining < RSVP_OBJ_HDR_LEN) {
-            if (held < length) break;  // a header cut short by the capture
-            out.line().u("stray_bytes", remaining).text(" stray bytes after the last object");
-            malformed = true;
+            if (held == length) stray = remaining;  // else a header cut short by the capture
             break;
         }
         uint8_t *obj = m + offset;
@@ -157,6 +156,10 @@ bool print_objects(Out &out, Stats &stats, uint8_t *m, size_t held, size_t lengt
         rsvp_next_nonnull_object(obj, &remaining);
     }
     out.close();
+    if (stray) {
+        out.line().u("stray_bytes", stray).text(" stray bytes after the last object");
+        malformed = true;
+    }
     return malformed;
 }
 
