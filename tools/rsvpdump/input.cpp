@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstring>
 #include <ctime>
+#include <string>
 
 #include "dump.hpp"
 
@@ -25,6 +26,8 @@ constexpr size_t kPcapngByteOrderOffset = 8;
 // Enough to tell the formats apart: the magic numbers, and a stretch of text for hex.
 constexpr size_t kSniffLen = 512;
 constexpr uint64_t kProgressEvery = 4096;  // records between looks at the clock
+// A hex line long enough for the largest message, its bytes spaced out, and a comment.
+constexpr size_t kMaxHexLine = 1 << 18;
 
 bool is_magic(uint32_t word, uint32_t magic) {
     return word == magic || word == __builtin_bswap32(magic);
@@ -193,23 +196,29 @@ bool Dumper::dump_stream(std::FILE *f, const char *name) {
 }
 
 bool Dumper::dump_hex(std::FILE *f, const char *name) {
-    char *line = nullptr;
-    size_t cap = 0;
-    ssize_t len;
+    std::string line;
     std::vector<uint8_t> bytes;
     Origin origin;
     origin.source = name;
-    while (!limit_reached() && (len = getline(&line, &cap, f)) >= 0) {
+    for (bool more = true; more && !limit_reached();) {
+        // One line, of which at most kMaxHexLine bytes are kept: memory stays bounded.
+        line.clear();
+        bool too_long = false;
+        int c;
+        while ((c = getc_unlocked(f)) != EOF && c != '\n') {
+            if (line.size() < kMaxHexLine)
+                line += static_cast<char>(c);
+            else
+                too_long = true;
+        }
+        more = c != EOF;
+        if (c == EOF && line.empty()) break;
         ++origin.record;
-        size_t n = static_cast<size_t>(len);
-        if (const void *hash = std::memchr(line, '#', n))
-            n = static_cast<size_t>(static_cast<const char *>(hash) - line);
-        size_t k = 0;
-        while (k < n && std::isspace(static_cast<unsigned char>(line[k])))
-            ++k;
-        if (k == n) continue;
-        char why[96];
-        if (!parse_hex(line, n, bytes, why, sizeof why)) {
+        size_t n = line.find('#');
+        if (n == std::string::npos) n = line.size();
+        if (line.find_first_not_of(" \t\r\v\f") >= n) continue;
+        char why[96] = "longer than any message";
+        if (too_long || !parse_hex(line.data(), n, bytes, why, sizeof why)) {
             report(name, "line %llu: hex does not parse: %s",
                    static_cast<unsigned long long>(origin.record), why);
             ++stats_.input_errors;
@@ -217,7 +226,6 @@ bool Dumper::dump_hex(std::FILE *f, const char *name) {
         }
         dump_message(bytes.data(), bytes.size(), origin, nullptr);
     }
-    std::free(line);
     std::fclose(f);
     return true;
 }
