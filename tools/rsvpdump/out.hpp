@@ -21,7 +21,7 @@
 //
 // In text, lists and items print nothing of their own; nest() indents the text lines of what
 // follows until the matching close(), and is an ordinary JSON object member in JSON.
-// Everything is appended to an internal buffer that the caller writes out once per message;
+// Everything is appended to an internal buffer that the caller writes out between messages;
 // no call allocates once the buffer has grown to the size of the largest message.
 #pragma once
 
