@@ -46,9 +46,27 @@ struct Scratch {
     uint8_t *data() { return buf.get(); }
 };
 
+inline size_t deliberate_read_room(const uint8_t *obj, size_t length);
+
+// A REVERSE_LSP validates each object it carries, and those validators make their own reads
+// past the contained object: the room behind the container is the furthest of them. The walk
+// follows the validator's (it ends at a Length that is below 4, not whole words, or overruns).
+inline size_t contents_read_room(const uint8_t *obj, size_t length) {
+    size_t room = 0;
+    for (size_t pos = RSVP_OBJ_HDR_LEN; pos + RSVP_OBJ_HDR_LEN <= length;) {
+        const size_t sub_len = RSVP_OBJECT_LENGTH(const_cast<uint8_t *>(obj + pos));
+        if (sub_len < RSVP_OBJ_HDR_LEN || sub_len % 4 != 0 || pos + sub_len > length) break;
+        const size_t end = pos + sub_len + deliberate_read_room(obj + pos, sub_len);
+        if (end > length + room) room = end - length;
+        pos += sub_len;
+    }
+    return room;
+}
+
 // Two validators read past the object on purpose, so every copy of such an object carries that
 // room (zeroed): the SENDER_TSPEC word count may claim up to four times the body, and the
-// FLOWSPEC service number at offset 8 is read even in a shorter object.
+// FLOWSPEC service number at offset 8 is read even in a shorter object. A REVERSE_LSP needs
+// the room of the objects it carries.
 inline size_t deliberate_read_room(const uint8_t *obj, size_t length) {
     constexpr size_t kTspecHdr = 8, kFlowspecServiceEnd = 12;
     switch (RSVP_OBJECT_CLASS(const_cast<uint8_t *>(obj))) {
@@ -58,6 +76,12 @@ inline size_t deliberate_read_room(const uint8_t *obj, size_t length) {
             return length < kFlowspecServiceEnd ? kFlowspecServiceEnd - length : 0;
         case RSVP_CLASS_EXCLUDE_ROUTE:
             return RSVP_ROUTE_SUBOBJ_HDR_LEN;
+        // The last private protection subobject may run past the object, by up to the
+        // body of the longest subobject (SNC, 12 bytes): its extractors read it whole.
+        case RSVP_CLASS_PVT_PROTECTION:
+            return size_t{RSVP_PVT_PROTECTION_SNC_LEN} - RSVP_PVT_PROTECTION_SUBOBJ_HDR_LEN;
+        case RSVP_CLASS_REVERSE_LSP:
+            return contents_read_room(obj, length);
         default:
             return 0;
     }

@@ -38,8 +38,9 @@ TEST(ExcludeRoute, NoAppendPositionWritesNothing) {
     for (const char *bad : {
              "00 03 e8 01 00 00 00 00 00 00 00 00 00 00 00 00",  // length below 4
              "00 0c e8 01 01 0c 00 00 00 00 00 00 00 00 00 00",  // runs past the end
-             "00 0c e8 01 01 06 00 00 00 00 00 00 00 00 00 00",  // 2 bytes left over
-             "00 0b e8 01 01 06 00 00 00 00 00 00 00 00 00 00",  // 1 byte left over
+             // 2 or 1 bytes left over, their length byte stepping exactly to the end
+             "00 0c e8 01 01 06 00 00 00 00 01 02 00 00 00 00",
+             "00 0b e8 01 01 06 00 00 00 00 01 01 00 00 00 00",
              "00 0c e8 01 01 00 00 00 00 00 00 00 00 00 00 00",  // zero length byte (guard)
          }) {
         SCOPED_TRACE(bad);
@@ -67,13 +68,17 @@ TEST(ExcludeRoute, Validation) {
         {"00 10 e8 01 06 0c 00 00 01 01 01 01 00 00 00 07", 1},
         {"00 10 e8 01 04 0c 00 00 01 01 01 01 00 00 00 07", 0},  // type 4 is not XRO's
         {"00 10 e8 01 22 0c 00 00 00 64 00 00 00 00 00 00", 0},  // SRLG of length 12
-        {"00 0c e8 01 02 08 00 00 00 64 00 00", 0},              // type 2 unknown here
-        {"00 0c e8 02 22 08 00 00 00 64 00 00", 0},              // C-Type 2
-        {"00 0c 14 01 22 08 00 00 00 64 00 00", 0},              // class 20
+        {"00 20 e8 01 24 1c 00 00 00 00 00 00 00 00 00 00"       // LSP of length 28
+         "00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00",
+         0},
+        {"00 0c e8 01 02 08 00 00 00 64 00 00", 0},  // type 2 unknown here
+        {"00 0c e8 02 22 08 00 00 00 64 00 00", 0},  // C-Type 2
+        {"00 0c 14 01 22 08 00 00 00 64 00 00", 0},  // class 20
         // A trailing remainder whose length byte reaches past the end is tolerated ...
         {"00 0f e8 01 22 08 00 00 00 64 00 00 01 08 00", 1},
         // ... one that fits inside is a subobject, and here a bad one.
         {"00 0f e8 01 22 08 00 00 00 64 00 00 01 02 00", 0},
+        {"00 0e e8 01 22 08 00 00 00 64 00 00 01 02", 0},  // a bare header at the very end
         {"00 0f e8 01 22 08 00 00 00 64 00 00 00 00 00", 0},
         {"00 0d e8 01 22 08 00 00 00 64 00 00 01", 1},  // one byte cannot hold a header
         {"00 02 e8 01", 1},                             // a Length below 4 is not checked

@@ -113,7 +113,8 @@ TEST(SonetSdh, BuildAndExtract) {
 
 TEST(SonetSdhDeathTest, RccAboveSevenIsAnAssertion) {
     Bytes b(16);
-    EXPECT_DEATH(rsvp_build_uni_sonet_sdh_tspec(b.data(), 1, 8, 0, 0, 0, 0), "assertion failed");
-    EXPECT_DEATH(rsvp_build_uni_sonet_sdh_flowspec(b.data(), 1, 0xFF, 0, 0, 0, 0),
-                 "assertion failed");
+    EXPECT_RSVP_ASSERT(rsvp_build_uni_sonet_sdh_tspec(b.data(), 1, 8, 0, 0, 0, 0),
+                       "assertion failed");
+    EXPECT_RSVP_ASSERT(rsvp_build_uni_sonet_sdh_flowspec(b.data(), 1, 0xFF, 0, 0, 0, 0),
+                       "assertion failed");
 }

@@ -78,6 +78,11 @@ TEST(Hop, TwinAccessorsActOnlyOnValidObjects) {
         RSVP_HOP_IF_ID_SET_LIF_HANDLE(o.data(), 0x0102);
         EXPECT_EQ(to_hex(o.data() + 4, 8), "0a 00 00 02 00 00 00 07");
     }
+    // An 8-byte TIME_VALUES holds a neighbor's worth of bytes but no handle.
+    Bytes tv = hex("00 08 05 01 00 00 75 30 00 00 00 07");
+    EXPECT_EQ(RSVP_HOP_LIF_HANDLE(tv.data()) + RSVP_HOP_IF_ID_LIF_HANDLE(tv.data()), 0u);
+    RSVP_HOP_SET_LIF_HANDLE(tv.data(), 1);
+    EXPECT_EQ(to_hex(tv.data() + 8, 4), "00 00 00 07");
 }
 
 // Each type is added once; each lookup takes the first TLV of its type, and
@@ -116,7 +121,8 @@ TEST(HopIfId, AddsTlvsOncePerTypeAndLooksThemUp) {
     rsvp_build_hop_ipv4(b.data(), kA, 5);
     EXPECT_EQ(rsvp_add_ipv4_intf(b.data(), kA) + rsvp_add_ipv4_intf(nullptr, kA), 0);
     EXPECT_EQ(rsvp_add_ipv4_fwd_intf(b.data(), ip("1.1.1.1")), 1);
-    EXPECT_EQ(to_hex(b.data(), 20), "00 14 03 01 0a 00 00 01 00 00 00 05 00 01 00 08 01 01 01 01");
+    EXPECT_EQ(to_hex(b.data(), 24),  // the old type-4 TLV's interface ID stays behind
+              "00 14 03 01 0a 00 00 01 00 00 00 05 00 01 00 08 01 01 01 01 00 00 00 04");
 }
 
 TEST(HopIfIdDeathTest, AddAssertsThatTlvsEndAtTheObjectLength) {
@@ -124,12 +130,12 @@ TEST(HopIfIdDeathTest, AddAssertsThatTlvsEndAtTheObjectLength) {
     // an invalid TLV cannot be stepped over. Each add function meets one of them.
     Bytes over = if_id_hop("00 03 00 0c 0a 00 00 01"), four = object(3, 3, Bytes(16, 0), 4),
           bad = if_id_hop("00 02 00 08 0a 00 00 01");
-    EXPECT_DEATH(rsvp_add_ipv4_intf(over.data(), kA), "assertion failed");
-    EXPECT_DEATH(rsvp_add_index_rev_intf(over.data(), kA, 1), "assertion failed");
-    EXPECT_DEATH(rsvp_add_ipv4_fwd_intf(four.data(), kA), "assertion failed");
-    EXPECT_DEATH(rsvp_add_index_fwd_rev_intf(four.data(), kA, 1), "assertion failed");
-    EXPECT_DEATH(rsvp_add_index_fwd_intf(bad.data(), kA, 1), "assertion failed");
-    EXPECT_DEATH(rsvp_add_ipv4_intf(bad.data(), kA), "assertion failed");
+    EXPECT_RSVP_ASSERT(rsvp_add_ipv4_intf(over.data(), kA), "assertion failed");
+    EXPECT_RSVP_ASSERT(rsvp_add_index_rev_intf(over.data(), kA, 1), "assertion failed");
+    EXPECT_RSVP_ASSERT(rsvp_add_ipv4_fwd_intf(four.data(), kA), "assertion failed");
+    EXPECT_RSVP_ASSERT(rsvp_add_index_fwd_rev_intf(four.data(), kA, 1), "assertion failed");
+    EXPECT_RSVP_ASSERT(rsvp_add_index_fwd_intf(bad.data(), kA, 1), "assertion failed");
+    EXPECT_RSVP_ASSERT(rsvp_add_ipv4_intf(bad.data(), kA), "assertion failed");
     // The duplicate is found during the walk, before the overshoot.
     EXPECT_EQ(rsvp_add_index_fwd_rev_intf(over.data(), kA, 1), 0);
 }
@@ -138,7 +144,7 @@ TEST(HopIfIdDeathTest, AddAssertsThatTlvsEndAtTheObjectLength) {
 TEST(HopIfId, TlvValidation) {
     const uint8_t rows[][3] = {
         {1, 8, 1},  {1, 12, 0}, {2, 8, 0}, {3, 12, 1},  // type, length, valid
-        {4, 12, 1}, {5, 12, 1}, {4, 8, 0}, {6, 12, 0}};
+        {4, 12, 1}, {5, 12, 1}, {4, 8, 0}, {3, 16, 0}, {6, 12, 0}};
     for (const auto &[type, length, valid] : rows) {
         SCOPED_TRACE(testing::Message() << "type " << int(type) << " length " << int(length));
         const Bytes tlv = concat({{0, type, 0, length}, Bytes(length - 4, 0x0A)});

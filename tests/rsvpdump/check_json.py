@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Checks rsvpdump --json against its text output: every line must parse as JSON, and every
+"""Checks rsvpdump --json against its text output: every line must parse as JSON with no key
+repeated within an object, and every
 message must say in JSON what its text says (source and record, time, addresses, header fields,
 checksum, each object's header and verdict, each decoded field in order, the bytes of objects
 the library does not accept, truncation).
@@ -46,11 +47,20 @@ def scalars(value):
         yield value
 
 
+def unique_keys(pairs):
+    keys = [k for k, _ in pairs]
+    dup = {k for k in keys if keys.count(k) > 1}
+    if dup:
+        raise AssertionError("repeated keys %s in one JSON object" % sorted(dup))
+    return dict(pairs)
+
+
 def find_in_order(block, values, where):
     at = 0
     for v in values:
-        if isinstance(v, str):
-            pattern = re.escape(v)
+        if isinstance(v, str):  # the text escapes bytes outside printable ASCII as \xNN
+            pattern = re.escape("".join(c if " " <= c < "\x7f" and c != "\\" else
+                                        "\\x%02x" % ord(c) for c in v))
         else:
             pattern = r"(?<![0-9a-fx])(?:%d|0x0*%x)(?![0-9])" % (v, v)
         m = re.compile(pattern).search(block, at)
@@ -114,7 +124,7 @@ def main():
     for path in inputs(sys.argv[2:]):
         text, lines = run(tool, [], path), run(tool, ["--json"], path).splitlines()
         try:
-            msgs = [json.loads(l) for l in lines]
+            msgs = [json.loads(l, object_pairs_hook=unique_keys) for l in lines]
             recs = records(text)
             assert len(recs) == len(msgs), "%d records in text, %d in JSON" % (len(recs), len(msgs))
             for rec, msg in zip(recs, msgs):

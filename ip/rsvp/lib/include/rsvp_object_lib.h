@@ -1117,6 +1117,798 @@ RSVP_API uint8_t RSVP_XRO_SUB_LBIT(uint8_t *sub);
 /* Type of a subobject, L bit masked off; 0 for NULL. */
 RSVP_API uint8_t RSVP_XRO_SUB_TYPE(uint8_t *sub);
 
+/* ======================================================================================
+ * LABEL_REQUEST (class 19) and labels: LABEL (16), RECOVERY_LABEL (34), UPSTREAM_LABEL (35),
+ * SUGGESTED_LABEL (129). Labels, L3PIDs and G-PIDs cross in host order. A generalized label
+ * is any number of 32-bit words; classes 16, 34, 35, 129 and 235 (the LSP wrap label) may
+ * carry one, and the generalized functions refuse every other class.
+ * ====================================================================================== */
+enum {
+    RSVP_CTYPE_LABEL = 1,
+    RSVP_CTYPE_LABEL_GENERALIZED = 2,
+    RSVP_CTYPE_RECOVERY_LABEL_GENERALIZED = 2,
+    RSVP_CTYPE_UPSTREAM_LABEL_GENERALIZED = 2,
+    RSVP_CTYPE_SUGGESTED_LABEL_GENERALIZED = 2,
+    RSVP_CTYPE_LABEL_REQUEST = 1, /* without label range */
+    RSVP_CTYPE_LABEL_REQUEST_GENERALIZED = 4,
+    /* Object lengths of the plain LABEL and of both LABEL_REQUEST kinds. */
+    RSVP_LABEL_LEN = 8,
+    RSVP_LABEL_REQUEST_LEN = 8,
+    /* Layer-3 protocol identifiers (Ethertypes) of a plain LABEL_REQUEST. */
+    RSVP_L3PID_IPV4 = 0x0800,
+    RSVP_L3PID_IPV6 = 0x86DD,
+    RSVP_L3PID_MPLS = 0x8847,
+    /* RSVP_LABEL_TOP_LABEL's answer for no label: one above the largest 20-bit MPLS label. */
+    RSVP_LABEL_NO_LABEL = 0x100001
+};
+
+/* Writes a generalized label (C-Type 2, Length 4 + 4 x count) of class_num; 1, or 0 with
+ * nothing written for a null obj or labels, a count of 0 or a class that carries none. */
+RSVP_API int rsvp_generalized_label_build(uint8_t *obj, const uint32_t *labels, uint16_t count,
+                                          uint8_t class_num);
+/* 1 when obj is of class_num, a class that carries generalized labels, C-Type 2, Length >= 4
+ * (not necessarily a multiple of 4); 0 otherwise. */
+RSVP_API int rsvp_generalized_label_valid(uint8_t *obj, uint8_t class_num);
+/* 1, *count = (Length - 4) / 4 and that many words (host order) into the array *labels points
+ * to; 0 with nothing written for a null pointer or an object that fails the validator above. */
+RSVP_API int rsvp_generalized_label_extract(uint8_t *obj, uint32_t **labels, uint16_t *count,
+                                            uint8_t class_num);
+/* rsvp_generalized_label_build for class 16 (LABEL). */
+RSVP_API int rsvp_build_generalized_label(uint8_t *obj, const uint32_t *labels, uint16_t count);
+/* rsvp_generalized_label_valid for class 16 (LABEL). */
+RSVP_API int rsvp_valid_generalized_label(uint8_t *obj);
+/* rsvp_generalized_label_extract for class 16 (LABEL). */
+RSVP_API int rsvp_extract_generalized_label(uint8_t *obj, uint32_t **labels, uint16_t *count);
+/* rsvp_generalized_label_build for class 35 (UPSTREAM_LABEL). */
+RSVP_API int rsvp_build_upstream_label(uint8_t *obj, const uint32_t *labels, uint16_t count);
+/* rsvp_generalized_label_valid for class 35 (UPSTREAM_LABEL). */
+RSVP_API int rsvp_valid_upstream_label(uint8_t *obj);
+/* rsvp_generalized_label_extract for class 35 (UPSTREAM_LABEL). */
+RSVP_API int rsvp_extract_upstream_label(uint8_t *obj, uint32_t **labels, uint16_t *count);
+/* rsvp_generalized_label_build for class 129 (SUGGESTED_LABEL). */
+RSVP_API int rsvp_build_suggested_label(uint8_t *obj, const uint32_t *labels, uint16_t count);
+/* rsvp_generalized_label_valid for class 129 (SUGGESTED_LABEL). */
+RSVP_API int rsvp_valid_suggested_label(uint8_t *obj);
+/* rsvp_generalized_label_extract for class 129 (SUGGESTED_LABEL). */
+RSVP_API int rsvp_extract_suggested_label(uint8_t *obj, uint32_t **labels, uint16_t *count);
+/* rsvp_generalized_label_build for class 34 (RECOVERY_LABEL). */
+RSVP_API int rsvp_build_recovery_label(uint8_t *obj, const uint32_t *labels, uint16_t count);
+/* rsvp_generalized_label_valid for class 34 (RECOVERY_LABEL). */
+RSVP_API int rsvp_valid_recovery_label(uint8_t *obj);
+/* rsvp_generalized_label_extract for class 34 (RECOVERY_LABEL). */
+RSVP_API int rsvp_extract_recovery_label(uint8_t *obj, uint32_t **labels, uint16_t *count);
+
+/* Writes a plain LABEL (class 16, C-Type 1, Length 8); returns obj. */
+RSVP_API uint8_t *rsvp_build_label(uint8_t *obj, uint32_t label);
+/* 1 for a class-16 object of Length 8, whatever its C-Type; 0 otherwise. */
+RSVP_API int rsvp_valid_label(uint8_t *obj);
+/* 1 and the label of an object rsvp_valid_label accepts; 0 with *label untouched otherwise. */
+RSVP_API int rsvp_extract_label(uint8_t *obj, uint32_t *label);
+/* Overwrites bytes 4-7 with the label, header and Length unchecked; nothing for a null obj. */
+RSVP_API void rsvp_set_current_label(uint8_t *obj, uint32_t label);
+/* The class-16 validator: C-Type 1 at Length 8, or a generalized LABEL; 0 for other C-Types. */
+RSVP_API int rsvp_valid_gen_label(uint8_t *obj);
+/* Writes a plain LABEL_REQUEST (class 19, C-Type 1, Length 8, reserved 0). */
+RSVP_API void rsvp_build_label_request(uint8_t *obj, uint16_t l3pid);
+/* 1 for a class-19 object of Length 8, whatever its C-Type; 0 otherwise. */
+RSVP_API int rsvp_valid_label_request(uint8_t *obj);
+/* 1 and the L3PID of an object rsvp_valid_label_request accepts; 0, *l3pid untouched, else. */
+RSVP_API int rsvp_extract_label_request(uint8_t *obj, uint16_t *l3pid);
+/* Writes a generalized LABEL_REQUEST (class 19, C-Type 4, Length 8). */
+RSVP_API void rsvp_build_gen_label_req(uint8_t *obj, uint8_t encoding_type, uint8_t switching_type,
+                                       uint16_t gpid);
+/* 1 for a class-19, C-Type-4 object of Length 8; 0 otherwise. */
+RSVP_API int rsvp_valid_gen_label_req(uint8_t *obj);
+/* 1 and the three fields of a valid generalized LABEL_REQUEST; 0 with them untouched else. */
+RSVP_API int rsvp_extract_gen_label_req(uint8_t *obj, uint8_t *encoding_type,
+                                        uint8_t *switching_type, uint16_t *gpid);
+/* The class-19 validator: C-Type 1 or 4 at Length 8; 0 for other C-Types. */
+RSVP_API int rsvp_valid_gen_label_request(uint8_t *obj);
+/* 1 when the C-Type is 1 (a packet-switched LSP's request), class and Length unread; else 0. */
+RSVP_API int rsvp_lsp_packet_switched(uint8_t *obj);
+/* Label bytes: 4 for C-Type 1, Length - 4 (when above 0) for C-Type 2, 0 otherwise and for
+ * null. The class is not looked at. */
+RSVP_API uint16_t RSVP_LABEL_LENGTH(uint8_t *obj);
+/* The label of an object rsvp_valid_label accepts; RSVP_LABEL_NO_LABEL otherwise. */
+RSVP_API uint32_t RSVP_LABEL_TOP_LABEL(uint8_t *obj);
+/* dst[i] = htonl(src[i]) for count labels; nothing for null arrays or a zero count. */
+RSVP_API void RSVP_COPY_LABEL_HTONL(uint32_t *dst, const uint32_t *src, uint16_t count);
+/* dst[i] = ntohl(src[i]) for count labels; nothing for null arrays or a zero count. */
+RSVP_API void RSVP_COPY_LABEL_NTOHL(uint32_t *dst, const uint32_t *src, uint16_t count);
+/* dst[i] = htonl(src[i]) for count SRLG identifiers; nothing for null arrays or count 0. */
+RSVP_API void RSVP_COPY_SRLG_HTONL(uint32_t *dst, const uint32_t *src, uint8_t count);
+/* dst[i] = ntohl(src[i]) for count SRLG identifiers; nothing for null arrays or count 0. */
+RSVP_API void RSVP_COPY_SRLG_NTOHL(uint32_t *dst, const uint32_t *src, uint8_t count);
+
+/* ======================================================================================
+ * LABEL_SET (class 36) and ACCEPTABLE_LABEL_SET (class 130): an action, a label type and the
+ * labels it applies to, in host order at this interface.
+ * ====================================================================================== */
+enum {
+    RSVP_CTYPE_LABEL_SET = 1,
+    RSVP_CTYPE_ACCEPTABLE_LABEL_SET = 1,
+    /* Length of the object without labels. */
+    RSVP_LABEL_SET_HDR_LEN = 8,
+    /* Actions. A range carries exactly a start and an end label. */
+    RSVP_LABEL_SET_INCLUSIVE_LIST = 0,
+    RSVP_LABEL_SET_EXCLUSIVE_LIST = 1,
+    RSVP_LABEL_SET_INCLUSIVE_RANGE = 2,
+    RSVP_LABEL_SET_EXCLUSIVE_RANGE = 3,
+    /* Label types (the C-Type of the LABEL the labels belong to), a 14-bit field. */
+    RSVP_LABEL_SET_TYPE_LABEL = 1,
+    RSVP_LABEL_SET_TYPE_GENERALIZED = 2,
+    RSVP_LABEL_SET_TYPE_MASK = 0x3FFF
+};
+
+/* Writes an empty LABEL_SET (class 36, C-Type 1, Length 8), label type masked to 14 bits;
+ * returns obj. */
+RSVP_API uint8_t *rsvp_build_label_set_obj(uint8_t *obj, uint8_t action, uint16_t label_type);
+/* Appends a label behind the last whole label and adds 4 to the Length; nothing for a null
+ * obj or a Length below 8. The caller guarantees 4 bytes of room. */
+RSVP_API void rsvp_add_label_set_obj(uint8_t *obj, uint32_t label);
+/* The class-36 validator: C-Type 1, Length above 8 and at least 12 (lists) or 16 (ranges),
+ * action 0-3, byte 7 (the low byte of the label type alone) 1 or 2; 0 otherwise. */
+RSVP_API int rsvp_valid_label_set_obj(uint8_t *obj);
+/* 1, a pointer to the first label (still in network order, inside obj), the count (8 bits),
+ * action and 14-bit label type of a valid class-36 object; 0 with nothing written otherwise. */
+RSVP_API int rsvp_extract_label_set_obj(uint8_t *obj, uint32_t **labels, uint8_t *count,
+                                        uint8_t *action, uint16_t *label_type);
+/* Writes a label set of class_num with count labels; nothing is checked. */
+RSVP_API void rsvp_build_32bit_label_set(uint8_t *obj, uint8_t class_num, uint16_t label_type,
+                                         uint8_t action, uint32_t count, const uint32_t *labels);
+/* 1 for an object of class_num (36 or 130 only), C-Type 1, Length >= 9, 14-bit label type 1
+ * or 2, and at least 1 label for a list or exactly 2 for a range; 0 otherwise. */
+RSVP_API int rsvp_valid_32bit_label_set_obj(uint8_t *obj, uint16_t class_num);
+/* The class-130 validator: rsvp_valid_32bit_label_set_obj for class 130. */
+RSVP_API int rsvp_valid_acceptable_label_set(uint8_t *obj);
+/* 1, the action and the label count of a valid label set of class_num; 0 with nothing
+ * written otherwise (and for a null output). */
+RSVP_API int rsvp_extract_32bit_label_set_obj(uint8_t *obj, uint16_t class_num, uint8_t *action,
+                                              uint32_t *count);
+/* 1 and the labels (host order) of a valid label set of class_num holding exactly
+ * expected_count labels; 0 with nothing written otherwise (and for a null array). */
+RSVP_API int rsvp_extract_32bit_label_set_obj_labels(uint8_t *obj, uint16_t class_num,
+                                                     uint32_t expected_count, uint32_t *labels);
+
+/* ======================================================================================
+ * SONET/SDH labels: generalized LABEL (class 16) and UPSTREAM_LABEL (class 35) words that
+ * carry a time slot as S (16 bits), U, K, L and M (4 bits each).
+ * ====================================================================================== */
+enum {
+    RSVP_SONET_SDH_NIBBLE_LIMIT = 16, /* U, K, L and M stay below this */
+    /* A word read as a host number is S << 16 | U << 12 | K << 8 | L << 4 | M. */
+    RSVP_SONET_SDH_S_SHIFT = 16,
+    RSVP_SONET_SDH_U_SHIFT = 12,
+    RSVP_SONET_SDH_K_SHIFT = 8,
+    RSVP_SONET_SDH_L_SHIFT = 4
+};
+
+/* Writes an empty generalized LABEL (class 16, C-Type 2, Length 4). */
+RSVP_API void rsvp_build_gen_label_sonet_sdh(uint8_t *obj);
+/* Appends the word S, U, K, L, M unless an equal word is present; 1, or 0 with nothing
+ * written for a null obj, a Length below 4 or a duplicate. Class and C-Type are not checked;
+ * U, K, L or M of 16 or more stops the process. The caller guarantees 4 bytes of room. */
+RSVP_API int rsvp_add_gen_label_sonet_sdh(uint8_t *obj, uint16_t s, uint32_t u, uint32_t k,
+                                          uint32_t l, uint32_t m);
+/* 1 for a class-16 object of C-Type 2 and Length >= 4; 0 otherwise. */
+RSVP_API int rsvp_valid_gen_label_sonet_sdh(uint8_t *obj);
+/* 1 and the fields of word index (counted from 0, yet index 0 stops the process) of a valid
+ * object; 0 with nothing written for an index past the last word or an invalid object. */
+RSVP_API int rsvp_extract_gen_label_sonet_sdh(uint8_t *obj, uint32_t index, uint32_t *s,
+                                              uint32_t *u, uint32_t *k, uint32_t *l, uint32_t *m);
+/* Writes an empty UPSTREAM_LABEL (class 35, C-Type 2, Length 4). */
+RSVP_API void rsvp_build_upstream_label_sonet_sdh(uint8_t *obj);
+/* As rsvp_add_gen_label_sonet_sdh, for an UPSTREAM_LABEL. */
+RSVP_API int rsvp_add_upstream_label_sonet_sdh(uint8_t *obj, uint16_t s, uint32_t u, uint32_t k,
+                                               uint32_t l, uint32_t m);
+/* 1 for a class-35 object of C-Type 2 and Length >= 4; 0 otherwise. */
+RSVP_API int rsvp_valid_upstream_label_sonet_sdh(uint8_t *obj);
+/* As rsvp_extract_gen_label_sonet_sdh, for an UPSTREAM_LABEL. */
+RSVP_API int rsvp_extract_upstream_label_sonet_sdh(uint8_t *obj, uint32_t index, uint32_t *s,
+                                                   uint32_t *u, uint32_t *k, uint32_t *l,
+                                                   uint32_t *m);
+
+/* ======================================================================================
+ * SESSION_ATTRIBUTE (Class-Num 207): setup and holding priorities, session flags, the
+ * session name and, in C-Type 1, the three resource-affinity masks. C-Type 7 is built;
+ * C-Type 1 is validated and extracted only. The name is not NUL-terminated.
+ * ====================================================================================== */
+enum {
+    RSVP_CTYPE_SESSION_ATTRIBUTE_LSP_TUNNEL_RA = 1,
+    RSVP_CTYPE_SESSION_ATTRIBUTE_LSP_TUNNEL = 7
+};
+/* Shortest valid objects, the highest priority, and what the builder adds to the name: 20
+ * bytes, so that a built object always ends with 12 zero bytes beyond the padded name. */
+enum {
+    RSVP_SESSION_ATTRIBUTE_MIN_LEN = 8,
+    RSVP_SESSION_ATTRIBUTE_RA_MIN_LEN = 20,
+    RSVP_SESSION_ATTRIBUTE_BUILD_OVERHEAD = 20,
+    RSVP_SESSION_ATTRIBUTE_PRIORITY_MAX = 7
+};
+/* Session flags. The library interprets only local protection desired; the others are names
+ * for the caller and pass through untouched. */
+enum {
+    RSVP_SESSION_ATTRIBUTE_FLAG_LOCAL_PROTECTION = 0x01,
+    RSVP_SESSION_ATTRIBUTE_FLAG_LABEL_RECORDING = 0x02,
+    RSVP_SESSION_ATTRIBUTE_FLAG_SE_STYLE = 0x04,
+    RSVP_SESSION_ATTRIBUTE_FLAG_BANDWIDTH_PROTECTION = 0x08,
+    RSVP_SESSION_ATTRIBUTE_FLAG_NODE_PROTECTION = 0x10,
+    RSVP_SESSION_ATTRIBUTE_FLAG_PATH_REEVALUATION = 0x20
+};
+
+/* Writes a C-Type 7 object of Length name_length + 20 rounded up to a word, zero-filled, and
+ * copies the name to offset 8. The buffer must hold name_length + 23 bytes. */
+RSVP_API void rsvp_build_session_attribute(uint8_t *obj, uint8_t setup_priority,
+                                           uint8_t holding_priority, uint8_t flags,
+                                           uint8_t name_length, const char *name);
+/* 1 for class 207, C-Type 7 (Length >= 8) or 1 (Length >= 20), priorities <= 7; else 0.
+ * Writes into the object: a name length that does not fit is clamped to the room left. */
+RSVP_API int rsvp_valid_session_attribute(uint8_t *obj);
+/* 1 and the fields of a valid object (name: pointer into the object; masks in host order, 0
+ * for C-Type 7); 0, outputs untouched, otherwise. Null outputs are skipped. */
+RSVP_API int rsvp_extract_session_attribute(uint8_t *obj, uint8_t *setup_priority,
+                                            uint8_t *holding_priority, uint8_t *flags,
+                                            uint8_t *name_length, const char **name,
+                                            uint32_t *exclude_any, uint32_t *include_any,
+                                            uint32_t *include_all);
+/* 1 when the local-protection-desired flag of a C-Type 7 or 1 object is set; 0 otherwise and
+ * for NULL. The object is not validated. */
+RSVP_API int rsvp_session_attribute_protected(uint8_t *obj);
+/* Flags byte of a valid SESSION_ATTRIBUTE; 0 otherwise. */
+RSVP_API uint32_t RSVP_SESSION_ATTRIBUTE_FLAGS(uint8_t *obj);
+/* Writes the flags byte (offset 6 for C-Type 7, 18 for C-Type 1) of any object that
+ * rsvp_valid_object accepts; nothing otherwise. */
+RSVP_API void RSVP_SESSION_ATTRIBUTE_SET_FLAGS(uint8_t *obj, uint8_t flags);
+
+/* ======================================================================================
+ * PROTECTION (Class-Num 37, C-Type 2, Length 12) and the private protection object
+ * (Class-Num 190, C-Type 252): the same 8-byte body of recovery flags; the private object
+ * carries WTR, HOFF and SNC subobjects behind it (16-bit type, 16-bit length with header).
+ * ====================================================================================== */
+enum { RSVP_CTYPE_PROTECTION_END_TO_END = 2, RSVP_CTYPE_PVT_PROTECTION = 252 };
+enum { RSVP_PROTECTION_LEN = 12, RSVP_PVT_PROTECTION_SUBOBJ_HDR_LEN = 4 };
+/* Private subobject types and their exact lengths; each type appears at most once. */
+enum {
+    RSVP_PVT_PROTECTION_SUBOBJ_WTR = 1,
+    RSVP_PVT_PROTECTION_SUBOBJ_HOFF = 2,
+    RSVP_PVT_PROTECTION_SUBOBJ_SNC = 3,
+    RSVP_PVT_PROTECTION_WTR_LEN = 8,
+    RSVP_PVT_PROTECTION_HOFF_LEN = 8,
+    RSVP_PVT_PROTECTION_SNC_LEN = 12,
+    RSVP_PVT_PROTECTION_SNC_MODE_MASK = 7
+};
+/* Values of the 6-bit LSP flags (protection type) and link flags. */
+enum {
+    RSVP_PROTECTION_LSP_UNPROTECTED = 0x00,
+    RSVP_PROTECTION_LSP_REROUTING = 0x01,
+    RSVP_PROTECTION_LSP_REROUTING_NO_EXTRA = 0x02,
+    RSVP_PROTECTION_LSP_1_N_EXTRA = 0x04,
+    RSVP_PROTECTION_LSP_1_1_UNIDIR = 0x08,
+    RSVP_PROTECTION_LSP_1_1_BIDIR = 0x10,
+    RSVP_PROTECTION_LINK_EXTRA_TRAFFIC = 0x01,
+    RSVP_PROTECTION_LINK_UNPROTECTED = 0x02,
+    RSVP_PROTECTION_LINK_SHARED = 0x04,
+    RSVP_PROTECTION_LINK_DEDICATED_1_1 = 0x08,
+    RSVP_PROTECTION_LINK_DEDICATED_1_PLUS_1 = 0x10,
+    RSVP_PROTECTION_LINK_ENHANCED = 0x20,
+    RSVP_PROTECTION_FLAGS_MASK = 0x3f
+};
+
+/* Writes the header only (Length 12, class 37, C-Type 2); the caller sets or zeroes the body. */
+RSVP_API void rsvp_build_protection(uint8_t *obj);
+/* Writes the header only (Length 12, class 190, C-Type 252); the body is not cleared. */
+RSVP_API void rsvp_build_pvt_protection(uint8_t *obj);
+/* 1 for class 37, C-Type 2 and Length exactly 12; else 0. */
+RSVP_API int rsvp_valid_protection(uint8_t *obj);
+/* 1 for class 190, C-Type 252, Length >= 12 and valid subobjects (the last one may run past
+ * the Length); else 0. */
+RSVP_API int rsvp_valid_pvt_protection(uint8_t *obj);
+/* Appends a WTR subobject; 1, or 0 and nothing written for an invalid object or a second
+ * WTR. The Length grows in its low byte only (a carry is lost). */
+RSVP_API int rsvp_add_pvt_protection_wtr(uint8_t *obj, uint32_t value);
+/* Appends a HOFF subobject; as rsvp_add_pvt_protection_wtr. */
+RSVP_API int rsvp_add_pvt_protection_hoff(uint8_t *obj, uint32_t value);
+/* Appends an SNC subobject with the low 3 bits of each mode, merged into the bytes the buffer
+ * already holds (zero it first); as rsvp_add_pvt_protection_wtr. */
+RSVP_API int rsvp_add_pvt_protection_snc(uint8_t *obj, uint8_t mode1, uint8_t mode2);
+/* The valid subobject after current (the first for NULL) of a valid object; NULL otherwise. */
+RSVP_API uint8_t *rsvp_extract_pvt_protection_next_subobject(uint8_t *obj, uint8_t *current);
+/* 1 and the value (host order) of a valid WTR subobject; 0, output untouched, otherwise. */
+RSVP_API int rsvp_extract_pvt_protection_wtr(uint8_t *sub, uint32_t *value);
+/* 1 and the value (host order) of a valid HOFF subobject; 0, output untouched, otherwise. */
+RSVP_API int rsvp_extract_pvt_protection_hoff(uint8_t *sub, uint32_t *value);
+/* 1 and both modes of a valid SNC subobject; 0, outputs untouched, otherwise. */
+RSVP_API int rsvp_extract_pvt_protection_snc(uint8_t *sub, uint8_t *mode1, uint8_t *mode2);
+/* 1 for a WTR or HOFF subobject of length 8 or an SNC subobject of length 12; else 0. */
+RSVP_API int rsvp_valid_pvt_protection_subobject(uint8_t *sub);
+
+/* PROTECTION accessors: getters answer 0 unless rsvp_valid_protection accepts the object;
+ * setters then write nothing. Bit setters set for any non-zero value; flag-field setters keep
+ * the low 6 bits and the reserved bits above them. */
+/* S (secondary) bit. */
+RSVP_API uint32_t RSVP_PROTECTION_S(uint8_t *obj);
+RSVP_API void RSVP_PROTECTION_SET_S(uint8_t *obj, int value);
+/* P (protecting) bit. */
+RSVP_API uint32_t RSVP_PROTECTION_P(uint8_t *obj);
+RSVP_API void RSVP_PROTECTION_SET_P(uint8_t *obj, int value);
+/* N (notification) bit. */
+RSVP_API uint32_t RSVP_PROTECTION_N(uint8_t *obj);
+RSVP_API void RSVP_PROTECTION_SET_N(uint8_t *obj, int value);
+/* O (operational) bit. */
+RSVP_API uint32_t RSVP_PROTECTION_O(uint8_t *obj);
+RSVP_API void RSVP_PROTECTION_SET_O(uint8_t *obj, int value);
+/* LSP flags, 0..63. */
+RSVP_API uint32_t RSVP_PROTECTION_LSP_FLAGS(uint8_t *obj);
+RSVP_API void RSVP_PROTECTION_SET_LSP_FLAGS(uint8_t *obj, uint8_t flags);
+/* Link flags, 0..63. */
+RSVP_API uint32_t RSVP_PROTECTION_LINK_FLAGS(uint8_t *obj);
+RSVP_API void RSVP_PROTECTION_SET_LINK_FLAGS(uint8_t *obj, uint8_t flags);
+/* I (in-place) bit. */
+RSVP_API uint32_t RSVP_PROTECTION_I(uint8_t *obj);
+RSVP_API void RSVP_PROTECTION_SET_I(uint8_t *obj, int value);
+/* R (revertive) bit. */
+RSVP_API uint32_t RSVP_PROTECTION_R(uint8_t *obj);
+RSVP_API void RSVP_PROTECTION_SET_R(uint8_t *obj, int value);
+/* Segment flags, 0..63. */
+RSVP_API uint32_t RSVP_PROTECTION_SEG_FLAGS(uint8_t *obj);
+RSVP_API void RSVP_PROTECTION_SET_SEG_FLAGS(uint8_t *obj, uint8_t flags);
+
+/* The same accessors for the private object: they act only when rsvp_valid_pvt_protection
+ * accepts it. */
+/* S (secondary) bit. */
+RSVP_API uint32_t RSVP_PVT_PROTECTION_S(uint8_t *obj);
+RSVP_API void RSVP_PVT_PROTECTION_SET_S(uint8_t *obj, int value);
+/* P (protecting) bit. */
+RSVP_API uint32_t RSVP_PVT_PROTECTION_P(uint8_t *obj);
+RSVP_API void RSVP_PVT_PROTECTION_SET_P(uint8_t *obj, int value);
+/* N (notification) bit. */
+RSVP_API uint32_t RSVP_PVT_PROTECTION_N(uint8_t *obj);
+RSVP_API void RSVP_PVT_PROTECTION_SET_N(uint8_t *obj, int value);
+/* O (operational) bit. */
+RSVP_API uint32_t RSVP_PVT_PROTECTION_O(uint8_t *obj);
+RSVP_API void RSVP_PVT_PROTECTION_SET_O(uint8_t *obj, int value);
+/* LSP flags, 0..63. */
+RSVP_API uint32_t RSVP_PVT_PROTECTION_LSP_FLAGS(uint8_t *obj);
+RSVP_API void RSVP_PVT_PROTECTION_SET_LSP_FLAGS(uint8_t *obj, uint8_t flags);
+/* Link flags, 0..63. */
+RSVP_API uint32_t RSVP_PVT_PROTECTION_LINK_FLAGS(uint8_t *obj);
+RSVP_API void RSVP_PVT_PROTECTION_SET_LINK_FLAGS(uint8_t *obj, uint8_t flags);
+/* I (in-place) bit. */
+RSVP_API uint32_t RSVP_PVT_PROTECTION_I(uint8_t *obj);
+RSVP_API void RSVP_PVT_PROTECTION_SET_I(uint8_t *obj, int value);
+/* R (revertive) bit. */
+RSVP_API uint32_t RSVP_PVT_PROTECTION_R(uint8_t *obj);
+RSVP_API void RSVP_PVT_PROTECTION_SET_R(uint8_t *obj, int value);
+/* Segment flags, 0..63. */
+RSVP_API uint32_t RSVP_PVT_PROTECTION_SEG_FLAGS(uint8_t *obj);
+RSVP_API void RSVP_PVT_PROTECTION_SET_SEG_FLAGS(uint8_t *obj, uint8_t flags);
+
+/* Type (host order) of a valid private subobject; 0 otherwise. */
+RSVP_API uint16_t RSVP_PVT_PROTECTION_SUBOBJ_TYPE(uint8_t *sub);
+/* Length (host order) of a valid private subobject; 0 otherwise. */
+RSVP_API uint16_t RSVP_PVT_PROTECTION_SUBOBJ_LENGTH(uint8_t *sub);
+/* 1 and both modes of a valid SNC subobject; 0, outputs untouched, otherwise. */
+RSVP_API int RSVP_PVT_PROTECTION_SNC_SUBOBJ_MODE(uint8_t *sub, uint8_t *mode1, uint8_t *mode2);
+/* Merges the low 3 bits of each mode into a valid SNC subobject; nothing otherwise. */
+RSVP_API void RSVP_PVT_PROTECTION_SET_SNC_SUBOBJ_MODE(uint8_t *sub, uint8_t mode1, uint8_t mode2);
+
+/* ======================================================================================
+ * LSP_ATTRIBUTES (Class-Num 197) and LSP_REQUIRED_ATTRIBUTES (67), C-Type 1: a run of TLVs
+ * (16-bit type, 16-bit length with header). The Attribute Flags TLV carries flag n as the
+ * interface value 1 << n, bit-reversed into the wire word.
+ * ====================================================================================== */
+enum { RSVP_CTYPE_LSP_ATTRIBUTES = 1 };
+enum {
+    RSVP_LSP_ATTR_TLV_HDR_LEN = 4,
+    RSVP_LSP_ATTR_TLV_ATTRIBUTE_FLAGS = 1,
+    RSVP_LSP_ATTR_ATTRIBUTE_FLAGS_TLV_LEN = 8
+};
+/* Attribute flags as interface values (flag n is 1 << n). */
+enum {
+    RSVP_LSP_ATTR_FLAG_E2E_REROUTING = 1 << 0,
+    RSVP_LSP_ATTR_FLAG_BOUNDARY_REROUTING = 1 << 1,
+    RSVP_LSP_ATTR_FLAG_SEGMENT_REROUTING = 1 << 2,
+    RSVP_LSP_ATTR_FLAG_LSP_INTEGRITY = 1 << 3,
+    RSVP_LSP_ATTR_FLAG_CONTIGUOUS_LSP = 1 << 4,
+    RSVP_LSP_ATTR_FLAG_STITCHING = 1 << 5,
+    RSVP_LSP_ATTR_FLAG_PRE_PLANNED = 1 << 6,
+    RSVP_LSP_ATTR_FLAG_NON_PHP = 1 << 7,
+    RSVP_LSP_ATTR_FLAG_OOB_MAPPING = 1 << 8,
+    RSVP_LSP_ATTR_FLAG_ENTROPY_LABEL = 1 << 9
+};
+
+/* Writes an empty object (Length 4, C-Type 1): class 67 when required is non-zero, else 197. */
+RSVP_API void rsvp_build_lsp_attributes(uint8_t *obj, int required);
+/* 1 for class 197 or 67, C-Type 1, whose TLVs (each >= 4 bytes) end exactly at the Length;
+ * else 0. */
+RSVP_API int rsvp_valid_lsp_attributes(uint8_t *obj);
+/* Appends an Attribute Flags TLV and grows the Length by 8; 1, or 0 and nothing written. The
+ * TLV lengths already present are read unconverted, so on a little-endian host it succeeds only
+ * on an empty object: add it first. Give it only objects rsvp_valid_lsp_attributes accepts. */
+RSVP_API int rsvp_add_lsp_attr_attribute_flags_tlv(uint8_t *obj, uint32_t flags);
+/* 1 and the bit-reversed word at TLV offset 4 (any TLV type); 0, untouched, for NULL args. */
+RSVP_API int rsvp_extract_lsp_attr_attribute_flags_tlv(uint8_t *tlv, uint32_t *flags);
+/* obj + 4 for a NULL current (even in an empty object: check the Length), else the TLV after
+ * current inside the object; NULL at the end or for an invalid object. */
+RSVP_API uint8_t *rsvp_get_lsp_attr_next_tlv(uint8_t *obj, uint8_t *current);
+/* TLV type in host order; 0 for NULL. */
+RSVP_API uint16_t RSVP_LSP_ATTR_TLV_TYPE(uint8_t *tlv);
+/* TLV length in host order; 0 for NULL. */
+RSVP_API uint16_t RSVP_LSP_ATTR_TLV_LEN(uint8_t *tlv);
+
+/* ======================================================================================
+ * DIFFSERV (Class-Num 65). E-LSP (C-Type 1): MAPnb in bits 31..28 of the word at offset 4,
+ * then MAPnb entries of PHBID (bits 31..16) and EXP (bits 15..13). L-LSP (C-Type 2): PSC in
+ * bits 31..16 of the word at offset 4. Bit positions are this library's, not the RFC drawing.
+ * ====================================================================================== */
+enum { RSVP_CTYPE_DIFFSERV_E_LSP = 1, RSVP_CTYPE_DIFFSERV_L_LSP = 2 };
+enum {
+    RSVP_DIFFSERV_HDR_LEN = 8,
+    RSVP_DIFFSERV_MAP_ENTRY_LEN = 4,
+    RSVP_DIFFSERV_MAX_MAP_ENTRIES = 8,
+    RSVP_DIFFSERV_NO_EXP = 9
+};
+
+/* 1 for class 65: C-Type 1 with MAPnb <= 8 and Length 8 + 4 x MAPnb, or C-Type 2 with Length 8;
+ * else 0. */
+RSVP_API int rsvp_valid_diffserv(uint8_t *obj);
+/* The Length the object must have for c_type: 8 + 4 x MAPnb (1), 8 (2); 0 otherwise or NULL. */
+RSVP_API uint16_t rsvp_diffserv_length(uint8_t *obj, uint8_t c_type);
+/* 1, MAPnb and that many entries copied unconverted (wire order); 0 for a NULL pointer. Not
+ * validated: validate first, or give room for 15 entries. */
+RSVP_API int rsvp_extract_diffserv_e_lsp(uint8_t *obj, uint8_t *map_count, uint32_t *entries);
+/* EXP (0..7) of entry index; 9 for NULL or an entry outside the object's Length. */
+RSVP_API uint8_t rsvp_diffserv_get_exp(uint8_t *obj, uint8_t index);
+/* PHBID of entry index; 0 for NULL or an entry outside the object's Length. */
+RSVP_API uint16_t rsvp_diffserv_get_phbid(uint8_t *obj, uint8_t index);
+/* 1 and the PSC (host order); 0, untouched, for a NULL pointer. Not validated. */
+RSVP_API int rsvp_extract_diffserv_l_lsp(uint8_t *obj, uint16_t *psc);
+
+/* ======================================================================================
+ * CLASSTYPE (Class-Num 66, C-Type 1, Length 8): the DiffServ-TE class type in the low 3 bits
+ * of the word at offset 4.
+ * ====================================================================================== */
+enum { RSVP_CTYPE_CLASSTYPE = 1 };
+enum { RSVP_CLASSTYPE_LEN = 8, RSVP_CLASSTYPE_MASK = 7 };
+
+/* Writes Length 8, class 66, C-Type 1 and class_type AND 7 (reserved bits zero). */
+RSVP_API void rsvp_build_class_type(uint8_t *obj, uint8_t class_type);
+/* 1 for class 66 and C-Type 1, whatever the Length; else 0. */
+RSVP_API int rsvp_valid_class_type(uint8_t *obj);
+/* Low 3 bits of the word at offset 4; no NULL or Length check (a 4-byte object is read past
+ * its end). */
+RSVP_API uint8_t rsvp_get_class_type(uint8_t *obj);
+
+/* ======================================================================================
+ * Refresh reduction: MESSAGE_ID (23), MESSAGE_ID_ACK/NACK (24), MESSAGE_ID_LIST (25), and
+ * telling a refresh from a trigger. Epochs are 24-bit; identifiers cross in host order.
+ * ====================================================================================== */
+enum {
+    RSVP_CTYPE_MESSAGE_ID = 1,
+    RSVP_CTYPE_MESSAGE_ID_ACK = 1,
+    RSVP_CTYPE_MESSAGE_ID_NACK = 2,
+    RSVP_CTYPE_MESSAGE_ID_LIST = 1,
+    /* Accepted on receipt, never built: the source-list forms. */
+    RSVP_CTYPE_MESSAGE_ID_SRC_LIST_IPV4 = 2,
+    RSVP_CTYPE_MESSAGE_ID_SRC_LIST_IPV6 = 3,
+    RSVP_MESSAGE_ID_LEN = 12,
+    RSVP_MESSAGE_ID_LIST_HDR_LEN = 8,
+    RSVP_MESSAGE_ID_FLAG_ACK_DESIRED = 0x01,
+    RSVP_MESSAGE_ID_EPOCH_MAX = 0xFFFFFF
+};
+
+/* Writes MESSAGE_ID (Length 12). Stops the process for a NULL buffer or an epoch above
+ * 0xFFFFFF (the header is written by then). */
+RSVP_API void rsvp_build_message_id(uint8_t *buffer, uint32_t message_id, uint32_t epoch,
+                                    uint8_t flags);
+/* Writes MESSAGE_ID_ACK (C-Type 1, flags 0). Stops the process for a NULL buffer or an epoch
+ * above 0xFFFFFF. */
+RSVP_API void rsvp_build_message_id_ack(uint8_t *buffer, uint32_t message_id, uint32_t epoch);
+/* Writes MESSAGE_ID_NACK (class 24, C-Type 2, flags 0); stops the process as the ACK does. */
+RSVP_API void rsvp_build_message_id_nack(uint8_t *buffer, uint32_t message_id, uint32_t epoch);
+/* Writes the 8-byte head of an empty MESSAGE_ID_LIST (not yet valid). Stops the process for an
+ * epoch above 0xFFFFFF; the buffer is not tested for NULL. */
+RSVP_API void rsvp_build_message_id_list(uint8_t *buffer, uint32_t epoch, uint8_t flags);
+/* Appends an identifier behind the last whole one and grows the Length by 4, without limit;
+ * nothing for a NULL object or a Length below 8. */
+RSVP_API void rsvp_add_message_id_list(uint8_t *list, uint32_t message_id);
+/* 1 for class 23, C-Type 1, Length 12, else 0. */
+RSVP_API int rsvp_valid_message_id(uint8_t *obj);
+/* 1 for class 24, C-Type 1 or 2, Length 12, else 0. */
+RSVP_API int rsvp_valid_message_id_ack(uint8_t *obj);
+/* 1 for class 25, C-Type 1, 2 or 3 and a Length above 8 (at least one identifier), else 0. */
+RSVP_API int rsvp_valid_message_id_list(uint8_t *obj);
+/* Flags byte of a valid object; 0 otherwise. */
+RSVP_API uint8_t RSVP_MESSAGE_ID_FLAGS(uint8_t *obj);
+/* Epoch (low 24 bits of the word at offset 4) of a valid object; 0 otherwise. */
+RSVP_API uint32_t RSVP_MESSAGE_ID_EPOCH(uint8_t *obj);
+/* Message identifier (host order) of a valid object; 0 otherwise. */
+RSVP_API uint32_t RSVP_MESSAGE_ID_MSGID(uint8_t *obj);
+/* Flags byte of a valid list; 0 otherwise. */
+RSVP_API uint8_t RSVP_MESSAGE_ID_LIST_FLAGS(uint8_t *obj);
+/* Epoch of a valid list; 0 otherwise. */
+RSVP_API uint32_t RSVP_MESSAGE_ID_LIST_EPOCH(uint8_t *obj);
+/* Identifier at index (host order) of a valid list, unbounded by the Length: the caller keeps
+ * index below (Length - 8) / 4. 0 for an invalid object. */
+RSVP_API uint32_t RSVP_MESSAGE_ID_LIST_MSGID(uint8_t *obj, uint32_t index);
+
+/* 0 when run b repeats run a byte for byte once a leading INTEGRITY and then a leading
+ * MESSAGE_ID are skipped in each; 1 for any other difference, a NULL run, or a skipped object
+ * longer than its run. The same pointer twice answers 0. */
+RSVP_API int rsvp_objects_is_not_refresh(uint8_t *objs_a, uint32_t len_a, uint8_t *objs_b,
+                                         uint32_t len_b);
+
+/* ======================================================================================
+ * HELLO (Class-Num 22) and RESTART_CAP (Class-Num 131). Instances and times cross in host
+ * order; the extractors read fixed offsets without validating: validate first.
+ * ====================================================================================== */
+enum {
+    RSVP_CTYPE_HELLO_REQUEST = 1,
+    RSVP_CTYPE_HELLO_ACK = 2,
+    RSVP_HELLO_LEN = 12,
+    RSVP_CTYPE_RESTART_CAP = 1, /* written by the builder; any C-Type is accepted */
+    RSVP_RESTART_CAP_LEN = 12
+};
+
+/* Writes a HELLO REQUEST (C-Type 1, Length 12); no NULL test. */
+RSVP_API void rsvp_build_hello_request(uint8_t *buffer, uint32_t source_instance,
+                                       uint32_t destination_instance);
+/* Writes a HELLO ACK (C-Type 2, Length 12); no NULL test. */
+RSVP_API void rsvp_build_hello_ack(uint8_t *buffer, uint32_t source_instance,
+                                   uint32_t destination_instance);
+/* 1 for class 22, C-Type 1 or 2, Length 12, else 0. */
+RSVP_API int rsvp_valid_hello(uint8_t *obj);
+/* 1 and the source instance (offset 4) of an object it does not check; 0, output untouched,
+ * for a NULL pointer. */
+RSVP_API int rsvp_extract_hello_src_instance(uint8_t *obj, uint32_t *source_instance);
+/* 1 and the destination instance (offset 8), unchecked; 0, output untouched, for NULL. */
+RSVP_API int rsvp_extract_hello_dst_instance(uint8_t *obj, uint32_t *destination_instance);
+/* 1 and the C-Type byte (1 request, 2 ack), unchecked; 0, output untouched, for NULL. */
+RSVP_API int rsvp_extract_hello_msg_type(uint8_t *obj, uint8_t *msg_type);
+/* Writes a RESTART_CAP (C-Type 1, Length 12); no NULL test. */
+RSVP_API void rsvp_build_restart_cap(uint8_t *buffer, uint32_t restart_time,
+                                     uint32_t recovery_time);
+/* 1 for class 131 and Length 12, whatever the C-Type, else 0. */
+RSVP_API int rsvp_valid_restart_cap(uint8_t *obj);
+/* 1 and the restart time (offset 4), unchecked; 0, output untouched, for a NULL pointer. */
+RSVP_API int rsvp_extract_restart_cap_restart_time(uint8_t *obj, uint32_t *restart_time);
+/* 1 and the recovery time (offset 8), unchecked; 0, output untouched, for a NULL pointer. */
+RSVP_API int rsvp_extract_restart_cap_recovery_time(uint8_t *obj, uint32_t *recovery_time);
+
+/* ======================================================================================
+ * ASSOCIATION (Class-Num 199): ties an LSP to others (recovery, resource sharing,
+ * bidirectional LSPs). Type and ID cross in host order; source addresses in wire order,
+ * exactly as the caller hands them; the global association source and the extended IDs in
+ * host order.
+ * ====================================================================================== */
+enum {
+    RSVP_CTYPE_ASSOCIATION_IPV4 = 1,
+    RSVP_CTYPE_ASSOCIATION_IPV6 = 2,
+    RSVP_CTYPE_ASSOCIATION_IPV4_EXT = 3,
+    RSVP_CTYPE_ASSOCIATION_IPV6_EXT = 4
+};
+/* Lengths: exact for the plain forms, the fixed part of the extended forms (each extended ID
+ * adds 4). The IPv6 extended fixed part is reckoned as 32 bytes although its IDs start at 28,
+ * so its Length counts 4 bytes behind the last ID that the builder never writes. */
+enum {
+    RSVP_ASSOCIATION_IPV4_LEN = 12,
+    RSVP_ASSOCIATION_IPV6_LEN = 24,
+    RSVP_ASSOCIATION_IPV4_EXT_LEN = 16,
+    RSVP_ASSOCIATION_IPV6_EXT_LEN = 32,
+    RSVP_ASSOCIATION_IPV4_EXT_IDS_OFFSET = 16,
+    RSVP_ASSOCIATION_IPV6_EXT_IDS_OFFSET = 28
+};
+/* Association types. */
+enum {
+    RSVP_ASSOCIATION_TYPE_RECOVERY = 1,
+    RSVP_ASSOCIATION_TYPE_RESOURCE_SHARING = 2,
+    RSVP_ASSOCIATION_TYPE_DOUBLE_SIDED_BIDIR = 3,
+    RSVP_ASSOCIATION_TYPE_SINGLE_SIDED_BIDIR = 4
+};
+
+/* Writes a 12-byte IPv4 ASSOCIATION; 1, or 0 for a null buffer. */
+RSVP_API int rsvp_build_association_ipv4(uint8_t *obj, uint16_t type, uint16_t id, uint32_t source);
+/* Writes a 24-byte IPv6 ASSOCIATION, the source words s0..s3 unconverted; 1, or 0 for NULL. */
+RSVP_API int rsvp_build_association_ipv6(uint8_t *obj, uint16_t type, uint16_t id, uint32_t s0,
+                                         uint32_t s1, uint32_t s2, uint32_t s3);
+/* Writes an extended IPv4 ASSOCIATION of 16 + 4 x count bytes (IDs written only when ext_ids is
+ * non-null); 1, or 0 and nothing written for a null buffer or a non-null ext_ids with count 0. */
+RSVP_API int rsvp_build_association_ipv4_ext(uint8_t *obj, uint16_t type, uint16_t id,
+                                             uint32_t source, uint32_t global_source,
+                                             const uint32_t *ext_ids, uint16_t count);
+/* Writes an extended IPv6 ASSOCIATION of 32 + 4 x count bytes, IDs from offset 28; bytes behind
+ * the last ID are not written. 1, or 0 and nothing written as for the IPv4 form. */
+RSVP_API int rsvp_build_association_ipv6_ext(uint8_t *obj, uint16_t type, uint16_t id, uint32_t s0,
+                                             uint32_t s1, uint32_t s2, uint32_t s3,
+                                             uint32_t global_source, const uint32_t *ext_ids,
+                                             uint16_t count);
+/* 1 after writing type, ID and source of an IPv4 form; 0 (nothing written) for any NULL pointer.
+ * The object is not validated: its first 12 bytes are read as they stand. */
+RSVP_API int rsvp_extract_association_ipv4(uint8_t *obj, uint16_t *type, uint16_t *id,
+                                           uint32_t *source);
+/* 1 after writing type, ID and the four source words of an IPv6 form; 0 (nothing written) for
+ * any NULL pointer. The object is not validated: its first 24 bytes are read as they stand. */
+RSVP_API int rsvp_extract_association_ipv6(uint8_t *obj, uint16_t *type, uint16_t *id,
+                                           uint32_t *source);
+/* Extended IPv4 form, not validated: 0 for a NULL pointer (ids may be NULL); else writes type,
+ * ID, source, global source and *count = (Length - 16) / 4 (0 below 16), then answers 0 if
+ * ids_capacity (in bytes) is below 4 x count, else copies the IDs (when ids, ids_capacity and count
+ * are non-zero) and answers 1. */
+RSVP_API int rsvp_extract_association_ipv4_ext(uint8_t *obj, uint16_t *type, uint16_t *id,
+                                               uint32_t *source, uint32_t *global_source,
+                                               uint32_t *ids, uint32_t ids_capacity,
+                                               uint16_t *count);
+/* Extended IPv6 form, as the IPv4 one with four source words, IDs from offset 28 and
+ * *count = (Length - 32) / 4 (0 below 32). */
+RSVP_API int rsvp_extract_association_ipv6_ext(uint8_t *obj, uint16_t *type, uint16_t *id,
+                                               uint32_t *source, uint32_t *global_source,
+                                               uint32_t *ids, uint32_t ids_capacity,
+                                               uint16_t *count);
+/* 1 for an ASSOCIATION of C-Type 1 to 4 that its form's validator accepts, else 0. */
+RSVP_API int rsvp_valid_association(uint8_t *obj);
+/* 1 for class 199, C-Type 1, Length exactly 12; else 0. */
+RSVP_API int rsvp_valid_association_ipv4(uint8_t *obj);
+/* 1 for class 199, C-Type 2, Length exactly 24; else 0. */
+RSVP_API int rsvp_valid_association_ipv6(uint8_t *obj);
+/* 1 for class 199, C-Type 3, Length at least 16 and a multiple of 4; else 0. */
+RSVP_API int rsvp_valid_association_ipv4_ext(uint8_t *obj);
+/* 1 for class 199, C-Type 4, Length at least 32 and a multiple of 4; else 0. */
+RSVP_API int rsvp_valid_association_ipv6_ext(uint8_t *obj);
+/* Bytes of extended IDs: Length - 16 when the Length exceeds 16, else 0 (0 for NULL). */
+RSVP_API uint16_t rsvp_compute_association_ipv4_ext_id_len(uint8_t *obj);
+/* Bytes of extended IDs: Length - 32 when the Length exceeds 32, else 0 (0 for NULL). */
+RSVP_API uint16_t rsvp_compute_association_ipv6_ext_id_len(uint8_t *obj);
+
+/* ======================================================================================
+ * REVERSE_LSP (Class-Num 203): the objects of the reverse direction of a bidirectional LSP,
+ * carried whole (each with its own object header) behind a 4-byte header.
+ * ====================================================================================== */
+enum { RSVP_CTYPE_REVERSE_LSP = 1 };
+
+/* Writes an empty REVERSE_LSP: Length 4, class 203, C-Type 1. */
+RSVP_API void rsvp_build_reverse_lsp(uint8_t *obj);
+/* Appends a copy of a whole object that rsvp_valid_object accepts (answers 1) and grows the
+ * container by its Length; 1, or 0 and nothing written for NULL or a rejected object. Neither
+ * the container's room nor the object's class is checked. */
+RSVP_API int rsvp_add_reverse_lsp_subobj(uint8_t *reverse_lsp, uint8_t *obj);
+/* 1 for a REVERSE_LSP whose contained objects each answer 1 from rsvp_valid_object, where no
+ * contained object is followed by a next object of its class with the same C-Type; else 0. */
+RSVP_API int rsvp_valid_reverse_lsp(uint8_t *obj);
+/* 1 and the first contained object and the bytes of contained objects (Length - 4) of a valid
+ * REVERSE_LSP; 0 with the outputs untouched otherwise or for a NULL pointer. */
+RSVP_API int rsvp_get_reverse_lsp_subobjs(uint8_t *obj, uint8_t **first, uint16_t *length);
+/* Sum (modulo 65,536) of the Lengths of the contained objects, counting only the first
+ * EXPLICIT_ROUTE and the first SENDER_TSPEC; 0 for NULL or a Length of 4 or less. */
+RSVP_API uint16_t rsvp_compute_reverse_lsp_sub_objs_len(uint8_t *obj);
+/* 1 if the run of objects holds an object of a class other than SENDER_TSPEC (12) and
+ * EXPLICIT_ROUTE (20), the first object of the run included; else 0 (also for NULL). */
+RSVP_API int rsvp_reverse_lsp_subs_inc_unsupported(uint8_t *first, uint16_t length);
+
+/* ======================================================================================
+ * S2L_SUB_LSP (Class-Num 50): one leaf of a point-to-multipoint LSP. The destination crosses
+ * in wire order.
+ * ====================================================================================== */
+enum { RSVP_CTYPE_S2L_SUB_LSP_IPV4 = 1, RSVP_CTYPE_S2L_SUB_LSP_IPV6 = 2 };
+enum { RSVP_S2L_SUB_LSP_IPV4_LEN = 8, RSVP_S2L_SUB_LSP_IPV6_LEN = 20 };
+
+/* Writes an 8-byte IPv4 S2L_SUB_LSP. */
+RSVP_API void rsvp_build_s2l_sub_lsp_ipv4(uint8_t *obj, uint32_t destination);
+/* 1 for class 50 with C-Type 1 and Length 8 or C-Type 2 and Length 20; else 0. */
+RSVP_API int rsvp_valid_gen_s2l_sub_lsp(uint8_t *obj);
+/* 1 and the destination of a valid IPv4 S2L_SUB_LSP; 0 and output untouched otherwise. */
+RSVP_API int rsvp_extract_s2l_sub_lsp_ipv4(uint8_t *obj, uint32_t *destination);
+/* The word at offset 4, unconverted, of an object that rsvp_valid_object accepts; else 0. */
+RSVP_API uint32_t RSVP_S2L_SUB_LSP_DESTINATION(uint8_t *obj);
+
+/* ======================================================================================
+ * LSP wrap label (Class-Num 235): one 32-bit label, host order at this interface.
+ * ====================================================================================== */
+enum { RSVP_CTYPE_LSP_WRAP_LABEL = 1, RSVP_LSP_WRAP_LABEL_LEN = 8 };
+
+/* Writes an 8-byte wrap label object holding *label; 1, or 0 (nothing written) for NULL. */
+RSVP_API int rsvp_build_lsp_wrap_label(uint8_t *obj, const uint32_t *label);
+/* 1 for class 235, C-Type 1, Length exactly 8; else 0. */
+RSVP_API int rsvp_valid_lsp_wrap_label(uint8_t *obj);
+/* 1, the label and a count of 1 for a valid wrap label object; 0, outputs untouched, else. */
+RSVP_API int rsvp_extract_lsp_wrap_label(uint8_t *obj, uint32_t *label, uint16_t *count);
+
+/* ======================================================================================
+ * ADMIN_STATUS (Class-Num 196): the administrative status bits of an LSP. The builder stores
+ * the status word in host byte order while the extractor reads the bits at their network
+ * positions: on a little-endian host an object built here extracts with every flag clear.
+ * Write wire-correct bits with RSVP_ADMIN_STATUS_INFO_SET_FLAGS.
+ * ====================================================================================== */
+enum { RSVP_CTYPE_ADMIN_STATUS = 1, RSVP_ADMIN_STATUS_LEN = 8 };
+/* Status word bits: Reflect, Testing, Administratively down, Deletion in progress. */
+#define RSVP_ADMIN_STATUS_FLAG_R 0x80000000u
+#define RSVP_ADMIN_STATUS_FLAG_T 0x00000004u
+#define RSVP_ADMIN_STATUS_FLAG_A 0x00000002u
+#define RSVP_ADMIN_STATUS_FLAG_D 0x00000001u
+
+/* The four flags: 1 set, 0 clear (the builder treats every value other than 1 as clear). */
+typedef struct rsvp_admin_status_info {
+    uint8_t d;
+    uint8_t a;
+    uint8_t t;
+    uint8_t r;
+} rsvp_admin_status_info;
+
+/* Writes an 8-byte ADMIN_STATUS (C-Type 1) whose status word lies in host byte order; nothing
+ * for a NULL pointer. */
+RSVP_API void rsvp_build_admin_status_object(uint8_t *obj, const rsvp_admin_status_info *info);
+/* 1 for class 196 and Length exactly 8, whatever the C-Type; else 0. */
+RSVP_API int rsvp_valid_admin_status_object(uint8_t *obj);
+/* 1 and all four flags from the network-order status word of a class-196, 8-byte object; 0 and
+ * the record untouched otherwise. */
+RSVP_API int rsvp_extract_admin_status_object(uint8_t *obj, rsvp_admin_status_info *info);
+/* Field D of the record; 0 for NULL. */
+RSVP_API uint8_t RSVP_ADMIN_STATUS_INFO_D(const rsvp_admin_status_info *info);
+/* Stores field D; nothing for NULL. */
+RSVP_API void RSVP_ADMIN_STATUS_INFO_SET_D(rsvp_admin_status_info *info, uint8_t d);
+/* Field A of the record; 0 for NULL. */
+RSVP_API uint8_t RSVP_ADMIN_STATUS_INFO_A(const rsvp_admin_status_info *info);
+/* Stores field A; nothing for NULL. */
+RSVP_API void RSVP_ADMIN_STATUS_INFO_SET_A(rsvp_admin_status_info *info, uint8_t a);
+/* Field T of the record; 0 for NULL. */
+RSVP_API uint8_t RSVP_ADMIN_STATUS_INFO_T(const rsvp_admin_status_info *info);
+/* Stores field T; nothing for NULL. */
+RSVP_API void RSVP_ADMIN_STATUS_INFO_SET_T(rsvp_admin_status_info *info, uint8_t t);
+/* Field R of the record; 0 for NULL. */
+RSVP_API uint8_t RSVP_ADMIN_STATUS_INFO_R(const rsvp_admin_status_info *info);
+/* Stores field R; nothing for NULL. */
+RSVP_API void RSVP_ADMIN_STATUS_INFO_SET_R(rsvp_admin_status_info *info, uint8_t r);
+/* Stores host-order flags into *status_word in network byte order; nothing for NULL. */
+RSVP_API void RSVP_ADMIN_STATUS_INFO_SET_FLAGS(uint32_t *status_word, uint32_t flags);
+
+/* ======================================================================================
+ * GENERALIZED_UNI (Class-Num 208): UNI attributes as subobjects shaped like object headers
+ * (16-bit length, type, sub-type). TNA addresses cross in wire order.
+ * ====================================================================================== */
+enum { RSVP_CTYPE_GENERALIZED_UNI = 1 };
+enum {
+    RSVP_GUA_SUBOBJ_HDR_LEN = 4,
+    RSVP_GUA_SUBOBJ_SRC_TNA = 1,
+    RSVP_GUA_SUBOBJ_DST_TNA = 2,
+    RSVP_GUA_SUBOBJ_DIVERSITY = 3,
+    RSVP_GUA_SUBOBJ_EGRESS_LABEL = 4,
+    RSVP_GUA_SUBOBJ_SERVICE_LEVEL = 5,
+    RSVP_GUA_SUBTYPE_IPV4 = 1,
+    RSVP_GUA_TNA_IPV4_LEN = 8
+};
+
+/* Writes an empty GENERALIZED_UNI: Length 4, class 208, C-Type 1. */
+RSVP_API void rsvp_build_gen_uni_attr(uint8_t *obj);
+/* Appends an IPv4 source TNA (8 bytes); 1, or 0 and nothing written for NULL, a Length below 4
+ * or a source TNA already present. Stops the process if the subobjects do not end exactly at
+ * the object Length (a zero-length subobject included). */
+RSVP_API int rsvp_add_src_tna_ipv4(uint8_t *obj, uint32_t address);
+/* Appends an IPv4 destination TNA, as rsvp_add_src_tna_ipv4 does for the source. */
+RSVP_API int rsvp_add_dst_tna_ipv4(uint8_t *obj, uint32_t address);
+/* 1 for a subobject of type 1..5, sub-type 1, length at least 4 and a multiple of 4 (exactly 8
+ * for the TNA types); else 0. */
+RSVP_API int rsvp_valid_gen_uni_attr_subobject(uint8_t *sub);
+/* 1 for class 208, C-Type 1 and valid subobjects that end exactly at the Length; else 0. */
+RSVP_API int rsvp_valid_gen_uni_attr(uint8_t *obj);
+/* The valid subobject after prev (the first for NULL) of a valid object, or NULL. A candidate
+ * that starts exactly at the object end is still examined: stop when the lengths add up to the
+ * object Length, or keep a zero word behind the object. */
+RSVP_API uint8_t *rsvp_extract_gen_uni_attr_next_subobj(uint8_t *obj, uint8_t *prev);
+/* 1 and the address (wire order) of a valid source TNA subobject; 0, output untouched, else. */
+RSVP_API int rsvp_extract_src_tna_ipv4_subobj(uint8_t *sub, uint32_t *address);
+/* 1 and the address (wire order) of a valid destination TNA subobject; 0, untouched, else. */
+RSVP_API int rsvp_extract_dst_tna_ipv4_subobj(uint8_t *sub, uint32_t *address);
+/* obj + 4 for an object that rsvp_valid_object accepts; NULL otherwise. */
+RSVP_API uint8_t *RSVP_SUB_GUA_SUBOBJ_PTR(uint8_t *obj);
+/* Length of a valid subobject (host order); 0 otherwise. */
+RSVP_API uint16_t RSVP_SUB_GUA_LENGTH(uint8_t *sub);
+/* Type of a valid subobject; 0 otherwise. */
+RSVP_API uint8_t RSVP_SUB_GUA_TYPE(uint8_t *sub);
+/* Word at +4 (wire order) of any valid subobject, whatever its type; 0 otherwise. A 4-byte
+ * subobject has it read from the 4 bytes behind it. */
+RSVP_API uint32_t RSVP_SUB_GUA_SRC_IPV4_ADDR(uint8_t *sub);
+/* The same word as RSVP_SUB_GUA_SRC_IPV4_ADDR. */
+RSVP_API uint32_t RSVP_SUB_GUA_DST_IPV4_ADDR(uint8_t *sub);
+
 #ifdef __cplusplus
 }
 #endif

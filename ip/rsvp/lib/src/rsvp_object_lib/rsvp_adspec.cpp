@@ -23,6 +23,7 @@
 #include <cstdint>
 
 #include "rsvp_intserv.hpp"
+#include "rsvp_valid_field.hpp"
 
 using namespace rsvp;
 using namespace rsvp::intserv;
@@ -72,9 +73,14 @@ constexpr int16_t kQosStepExtraWords = 4;
 constexpr uint32_t kBaselineHops = 0;
 constexpr uint32_t kBaselineLatency = 0;
 
+// The object-level accessors act on whatever rsvp_valid_object accepts. Every valid ADSPEC
+// holds the general fragment; a valid object of another class may be too short for a field.
 bool valid_v(uint8_t *obj) {
     return rsvp_valid_object(obj) == RSVP_OBJECT_VALID;
 }
+constexpr unsigned kHopsValueEnd = kHopsValueOffset + kWordLen;
+constexpr unsigned kBandwidthValueEnd = kBandwidthValueOffset + kWordLen;
+constexpr unsigned kLatencyValueEnd = kLatencyValueOffset + kWordLen;
 
 void put_general_frag(uint8_t *obj) {
     put_frag_hdr(obj + kGeneralFragOffset, RSVP_INTSRV_SERVICE_GENERAL, kGeneralFragWords);
@@ -210,15 +216,15 @@ int rsvp_adspec_has_qos_service(uint8_t *obj, uint8_t qos_service) {
 // ---- Accessors over a valid object ----------------------------------------------------------
 
 uint32_t RSVP_ADSPEC_HDR_VERSION(uint8_t *obj) {
-    return valid_v(obj) ? version_word(obj) >> kVersionShift : 0;
+    return valid_holds(obj, kVersionEnd) ? version_word(obj) >> kVersionShift : 0;
 }
 
 uint16_t RSVP_ADSPEC_HDR_LENGTH(uint8_t *obj) {
-    return valid_v(obj) ? overall_words(obj) : 0;
+    return valid_holds(obj, kOverallLenEnd) ? overall_words(obj) : 0;
 }
 
 void RSVP_ADSPEC_HDR_SET_LENGTH(uint8_t *obj, uint16_t length) {
-    if (valid_v(obj)) wire::store_be16(obj + kOverallLenOffset, length);
+    if (valid_holds(obj, kOverallLenEnd)) wire::store_be16(obj + kOverallLenOffset, length);
 }
 
 uint8_t *RSVP_ADSPEC_HDR_GENERAL_FRAG_HDR(uint8_t *obj) {
@@ -230,15 +236,15 @@ uint8_t *RSVP_ADSPEC_HDR_GENERAL_FRAGMENTS_PTR(uint8_t *obj, uint32_t offset) {
 }
 
 uint32_t RSVP_ADSPEC_NUMBER_IS_HOPS_VAL(uint8_t *obj) {
-    return valid_v(obj) ? wire::load_be32(obj + kHopsValueOffset) : 0;
+    return valid_holds(obj, kHopsValueEnd) ? wire::load_be32(obj + kHopsValueOffset) : 0;
 }
 
 uint32_t RSVP_ADSPEC_BANDWIDTH_VAL(uint8_t *obj) {
-    return valid_v(obj) ? wire::load_be32(obj + kBandwidthValueOffset) : 0;
+    return valid_holds(obj, kBandwidthValueEnd) ? wire::load_be32(obj + kBandwidthValueOffset) : 0;
 }
 
 uint32_t RSVP_ADSPEC_LATENCY_VAL(uint8_t *obj) {
-    return valid_v(obj) ? wire::load_be32(obj + kLatencyValueOffset) : 0;
+    return valid_holds(obj, kLatencyValueEnd) ? wire::load_be32(obj + kLatencyValueOffset) : 0;
 }
 
 // ---- Accessors over a fragment --------------------------------------------------------------

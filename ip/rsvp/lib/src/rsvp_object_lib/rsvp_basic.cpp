@@ -115,7 +115,11 @@ int rsvp_valid_scope_ipv4(uint8_t *obj) {
 
 uint32_t RSVP_SCOPE_IPV4_ADDR(uint8_t *obj, int32_t index) {
     if (index < 0 || rsvp_valid_object(obj) != RSVP_OBJECT_VALID) return 0;
-    // The index is the caller's, bounded by it from the Length: not checked here.
+    // On a SCOPE list the index is the caller's, bounded by it from the Length: not checked
+    // here. A valid object of another class must hold the word asked for.
+    const uint64_t end = kWordOffset + (static_cast<uint64_t>(index) + 1) * kWordLen;
+    if (obj_class(obj) != RSVP_CLASS_SCOPE && obj_length(obj) < end) return 0;
+    // Deliberate on a SCOPE list: an index beyond its Length reads behind the object.
     return wire::load_raw32(obj + kWordOffset + static_cast<uint32_t>(index) * kWordLen);
 }
 

@@ -47,6 +47,9 @@ bool same_unnum(const uint8_t *sub, uint32_t router_id, uint32_t if_id) {
            wire::load_be32(sub + kUnnumIfIdOffset) == if_id;
 }
 
+constexpr auto count_of =
+    route::count_raw_type<rsvp_valid_explicit_route, rsvp_valid_explicit_route_subobject>;
+
 // A valid subobject whose raw type byte has the kind's bit set. Each of the four valid types
 // (1, 2, 4, 32) has a bit that no other has, so this accepts exactly that type, loose or not.
 bool valid_of_kind(uint8_t *sub, uint8_t kind_bit) {
@@ -135,11 +138,11 @@ uint8_t *rsvp_extract_ero_next_subobject(uint8_t *obj, uint8_t *prev) {
 
 // The raw type byte is compared, so loose hops (0x81, 0x84) are not counted.
 uint32_t rsvp_count_ero_subobject_ipv4(uint8_t *obj) {
-    return count_raw_type<rsvp_valid_explicit_route, rsvp_extract_ero_next_subobject>(obj, kIpv4);
+    return count_of(obj, kIpv4);
 }
 
 uint32_t rsvp_count_ero_subobject_unnum(uint8_t *obj) {
-    return count_raw_type<rsvp_valid_explicit_route, rsvp_extract_ero_next_subobject>(obj, kUnnum);
+    return count_of(obj, kUnnum);
 }
 
 int rsvp_extract_ero_subobject_ipv4(uint8_t *sub, uint32_t *addr, uint8_t *prefix_len) {

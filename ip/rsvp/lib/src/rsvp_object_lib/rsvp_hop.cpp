@@ -106,12 +106,31 @@ int add_tlv(uint8_t *obj, uint16_t type, uint32_t addr, uint32_t if_id) {
     return 1;
 }
 
-// The first TLV of the given type, walking as rsvp_extract_hop_if_id_next_subobj does.
-uint8_t *first_tlv_of(uint8_t *obj, uint16_t type) {
-    for (uint8_t *tlv = rsvp_extract_hop_if_id_next_subobj(obj, nullptr); tlv;
-         tlv = rsvp_extract_hop_if_id_next_subobj(obj, tlv))
-        if (tlv_type(tlv) == type) return tlv;
+// One step of rsvp_extract_hop_if_id_next_subobj over an object that has already validated.
+// The candidate is refused only when it lies beyond the object end, unlike in the route
+// walkers, which stop at the end.
+uint8_t *step_valid(uint8_t *obj, uint8_t *prev) {
+    uint8_t *candidate = obj + kTlvOffset;
+    if (prev) {
+        if (!valid_tlv(prev)) return nullptr;
+        candidate = prev + tlv_length(prev);
+    }
+    if (candidate - obj > obj_length(obj)) return nullptr;
+    // Deliberate: a candidate exactly at the end has its header read from behind the object.
+    return valid_tlv(candidate) ? candidate : nullptr;
+}
+
+// The first TLV of one of two types (the same type twice for one), walking as the exported
+// walker does, on an object that has validated: the object does not change during the walk,
+// so it is not validated again at every step.
+uint8_t *first_tlv_of(uint8_t *obj, uint16_t type, uint16_t other_type) {
+    for (uint8_t *tlv = step_valid(obj, nullptr); tlv; tlv = step_valid(obj, tlv))
+        if (tlv_type(tlv) == type || tlv_type(tlv) == other_type) return tlv;
     return nullptr;
+}
+
+uint8_t *first_tlv_of(uint8_t *obj, uint16_t type) {
+    return first_tlv_of(obj, type, type);
 }
 
 }  // namespace
@@ -219,16 +238,7 @@ int rsvp_valid_hop_if_id(uint8_t *obj) {
 }
 
 uint8_t *rsvp_extract_hop_if_id_next_subobj(uint8_t *obj, uint8_t *prev) {
-    if (!rsvp_valid_hop_if_id(obj)) return nullptr;
-    uint8_t *candidate = obj + kTlvOffset;
-    if (prev) {
-        if (!valid_tlv(prev)) return nullptr;
-        candidate = prev + tlv_length(prev);
-    }
-    if (candidate - obj > obj_length(obj)) return nullptr;
-    // Deliberate: a candidate exactly at the object end is still validated, reading its
-    // 4-byte header from behind the object (unlike the route walkers, which stop there).
-    return valid_tlv(candidate) ? candidate : nullptr;
+    return rsvp_valid_hop_if_id(obj) ? step_valid(obj, prev) : nullptr;
 }
 
 int rsvp_extract_ipv4_subobj(uint8_t *tlv, uint32_t *addr) {
@@ -262,22 +272,17 @@ int rsvp_get_hop_if_id_ipv4_tlv(uint8_t *obj, uint32_t *addr) {
 int rsvp_get_gmpls_hop_if_id_tlv(uint8_t *obj, rsvp_hop_if_id_tlv_info *info) {
     if (!info || !rsvp_valid_hop_if_id(obj)) return 0;
     info->kind = RSVP_HOP_IF_ID_KIND_NONE;
-    for (uint8_t *tlv = rsvp_extract_hop_if_id_next_subobj(obj, nullptr); tlv;
-         tlv = rsvp_extract_hop_if_id_next_subobj(obj, tlv)) {
-        const uint16_t type = tlv_type(tlv);
-        if (type == RSVP_HOP_IF_ID_TLV_IPV4) {
-            if (!rsvp_extract_ipv4_subobj(tlv, &info->address)) return 0;
-            info->kind = RSVP_HOP_IF_ID_KIND_IPV4;
-            return 1;
-        }
-        if (type == RSVP_HOP_IF_ID_TLV_INDEX) {
-            if (!rsvp_extract_comp_index_fwd_rev_intf_subobj(tlv, &info->address, &info->if_id))
-                return 0;
-            info->kind = RSVP_HOP_IF_ID_KIND_INDEX;
-            return 1;
-        }
+    uint8_t *tlv = first_tlv_of(obj, RSVP_HOP_IF_ID_TLV_IPV4, RSVP_HOP_IF_ID_TLV_INDEX);
+    if (!tlv) return 0;
+    // The walk returns only valid TLVs, so the extraction of either type succeeds.
+    if (tlv_type(tlv) == RSVP_HOP_IF_ID_TLV_IPV4) {
+        rsvp_extract_ipv4_subobj(tlv, &info->address);
+        info->kind = RSVP_HOP_IF_ID_KIND_IPV4;
+    } else {
+        rsvp_extract_comp_index_fwd_rev_intf_subobj(tlv, &info->address, &info->if_id);
+        info->kind = RSVP_HOP_IF_ID_KIND_INDEX;
     }
-    return 0;
+    return 1;
 }
 
 uint8_t *RSVP_HOP_IF_ID_SUBOBJ_PTR(uint8_t *obj) {

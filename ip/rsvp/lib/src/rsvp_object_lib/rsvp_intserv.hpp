@@ -63,6 +63,8 @@ inline constexpr unsigned kFirstFragOffset = 8;   // first service fragment
 inline constexpr unsigned kBodyHdrLen = 4;        // version word + overall length
 inline constexpr unsigned kVersionShift = 12;     // version in the top 4 bits
 inline constexpr unsigned kWordLen = 4;           // the unit of every Intserv length field
+inline constexpr unsigned kVersionEnd = kOverallLenOffset;    // where the version word ends
+inline constexpr unsigned kOverallLenEnd = kFirstFragOffset;  // where the overall length ends
 
 // --- Service fragment header (fragment-relative) -----------------------------------------------
 inline constexpr unsigned kFragServiceOffset = 0;

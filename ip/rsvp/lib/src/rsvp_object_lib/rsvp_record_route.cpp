@@ -88,7 +88,7 @@ void get_values(const uint8_t *sub, uint32_t *values, unsigned count) {
 }
 
 constexpr auto count_raw_type =
-    route::count_raw_type<rsvp_valid_record_route, rsvp_extract_rro_next_subobject>;
+    route::count_raw_type<rsvp_valid_record_route, valid_record_route_subobject>;
 
 // The flag search walks an object that nobody validated, and reads each hop of the right type
 // whole: near the end its flags byte lies behind the object Length (deliberate, at most 7
@@ -201,7 +201,6 @@ int rsvp_valid_record_route(uint8_t *obj) {
 }
 
 uint8_t *rsvp_extract_rro_next_subobject(uint8_t *obj, uint8_t *prev) {
-    if (!rsvp_valid_record_route(obj)) return nullptr;
     return route::next_subobject<rsvp_valid_record_route, valid_record_route_subobject>(obj, prev);
 }
 

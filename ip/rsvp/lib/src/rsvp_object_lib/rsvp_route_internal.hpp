@@ -106,12 +106,12 @@ inline WalkEnd walk_trusted(uint8_t *first, int32_t remaining, int32_t floor) {
     return walk_trusted(first, remaining, floor, [](const uint8_t *) { return false; });
 }
 
-// Validated walk, the same steps for EXPLICIT_ROUTE and RECORD_ROUTE with their own checks:
-// the object must validate; start at byte 4, or step over the previous subobject once it has
-// validated; the candidate must lie before the object end and validate itself.
-template <int (*ValidObject)(uint8_t *), int (*ValidSub)(uint8_t *)>
-uint8_t *next_subobject(uint8_t *obj, uint8_t *prev) {
-    if (!ValidObject(obj)) return nullptr;
+// One step of the validated walk, the same for EXPLICIT_ROUTE and RECORD_ROUTE with their own
+// subobject check, over an object that has already passed its validator: start at byte 4, or
+// step over the previous subobject once it has validated; the candidate must lie before the
+// object end and validate itself.
+template <int (*ValidSub)(uint8_t *)>
+uint8_t *step_valid(uint8_t *obj, uint8_t *prev) {
     uint8_t *cand;
     if (!prev) {
         cand = obj_body(obj);
@@ -124,15 +124,23 @@ uint8_t *next_subobject(uint8_t *obj, uint8_t *prev) {
     return cand;
 }
 
+// The exported walker: the object is validated on every call, as a caller's loop expects.
+template <int (*ValidObject)(uint8_t *), int (*ValidSub)(uint8_t *)>
+uint8_t *next_subobject(uint8_t *obj, uint8_t *prev) {
+    return ValidObject(obj) ? step_valid<ValidSub>(obj, prev) : nullptr;
+}
+
 // Counts the subobjects whose raw type byte equals raw_type (so an L bit makes a subobject
-// of another "type"), walking with Next from the start for at most kMaxWalkSteps steps.
-template <int (*ValidObject)(uint8_t *), uint8_t *(*Next)(uint8_t *, uint8_t *)>
+// of another "type"), walking from the start for at most kMaxWalkSteps steps. The walk gives
+// what the exported walker would give step by step: the object does not change while it is
+// counted, so it is validated once, not once per step.
+template <int (*ValidObject)(uint8_t *), int (*ValidSub)(uint8_t *)>
 uint32_t count_raw_type(uint8_t *obj, uint8_t raw_type) {
     if (!ValidObject(obj)) return 0;
     uint32_t count = 0;
     uint8_t *sub = nullptr;
     for (unsigned step = 0; step < kMaxWalkSteps; ++step) {
-        sub = Next(obj, sub);
+        sub = step_valid<ValidSub>(obj, sub);
         if (!sub) break;
         if (sub_raw_type(sub) == raw_type) ++count;
     }

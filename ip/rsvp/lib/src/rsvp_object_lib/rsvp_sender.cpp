@@ -139,18 +139,28 @@ void set_raw32(uint8_t *obj, unsigned offset, uint32_t value) {
     if (accessible(obj) && covers(obj, offset, kAddrLen)) wire::store_raw32(obj + offset, value);
 }
 
-// The P2MP fields lie behind the 12 bytes of a C-Type 1 or 7 object; the accessors check
-// neither the C-Type nor the Length, and on such an object they reach past its end on purpose.
+// The P2MP fields lie behind the 12 bytes of a C-Type 1 or 7 object. On a SENDER_TEMPLATE or
+// FILTER_SPEC the accessors check neither the C-Type nor the Length, and on such an object they
+// reach past its end on purpose; an object of another class must hold the field.
+bool p2mp_reachable(uint8_t *obj, unsigned offset, unsigned width) {
+    if (!accessible(obj)) return false;
+    return obj_class(obj) == kTemplate || obj_class(obj) == kFilter || covers(obj, offset, width);
+}
+
 uint32_t get_sg_origin(uint8_t *obj) {
-    return accessible(obj) ? wire::load_raw32(obj + kSgOriginOffset) : 0;  // deliberate read
+    return p2mp_reachable(obj, kSgOriginOffset, kAddrLen)
+               ? wire::load_raw32(obj + kSgOriginOffset)  // deliberate read
+               : 0;
 }
 
 uint16_t get_sg_id(uint8_t *obj) {
-    return accessible(obj) ? wire::load_be16(obj + kSgIdOffset) : 0;  // deliberate read
+    return p2mp_reachable(obj, kSgIdOffset, kPortLen)
+               ? wire::load_be16(obj + kSgIdOffset)  // deliberate read
+               : 0;
 }
 
 void set_sg_origin(uint8_t *obj, uint32_t sg_originator) {
-    if (accessible(obj))
+    if (p2mp_reachable(obj, kSgOriginOffset, kAddrLen))
         wire::store_raw32(obj + kSgOriginOffset, sg_originator);  // deliberate write
 }
 

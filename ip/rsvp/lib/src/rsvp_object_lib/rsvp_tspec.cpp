@@ -18,6 +18,7 @@
 // A received body may also carry a qualitative fragment (service 6: length 2, parameter 128
 // of length 1, then M) and fragments of other services, which are skipped unchecked.
 #include "rsvp_intserv.hpp"
+#include "rsvp_valid_field.hpp"
 
 using namespace rsvp;
 using namespace rsvp::intserv;
@@ -51,7 +52,8 @@ uint8_t *general_fragment(uint8_t *obj) {
     return rsvp_find_intsrv_service(obj, RSVP_INTSRV_SERVICE_GENERAL);
 }
 
-// Object-level accessors answer only for an object that the dispatch accepts.
+// Object-level accessors answer only for an object that the dispatch accepts. Every valid
+// SENDER_TSPEC holds the body header; a valid object of another class may be too short for it.
 bool dispatch_accepts(uint8_t *obj) {
     return rsvp_valid_object(obj) == RSVP_OBJECT_VALID;
 }
@@ -127,11 +129,12 @@ uint32_t rsvp_get_max_unit(uint8_t *obj) {
 }
 
 uint8_t RSVP_TSPEC_HEADER_VERSION(uint8_t *obj) {
-    return dispatch_accepts(obj) ? static_cast<uint8_t>(version_word(obj) >> kVersionShift) : 0;
+    return valid_holds(obj, kVersionEnd) ? static_cast<uint8_t>(version_word(obj) >> kVersionShift)
+                                         : 0;
 }
 
 uint16_t RSVP_TSPEC_HEADER_LENGTH(uint8_t *obj) {
-    return dispatch_accepts(obj) ? overall_words(obj) : 0;
+    return valid_holds(obj, kOverallLenEnd) ? overall_words(obj) : 0;
 }
 
 uint8_t *RSVP_TSPEC_FRAGMENTS_PTR(uint8_t *obj, uint32_t offset) {

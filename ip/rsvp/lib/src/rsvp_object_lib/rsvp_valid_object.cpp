@@ -18,15 +18,22 @@ using Table = std::array<Validator, RSVP_CLASS_MAX>;
 // Class-Num outside the table.
 void duplicate_or_out_of_range_row() {}
 
-consteval void put(Table &table, unsigned class_num, Validator validate) {
-    if (class_num == 0 || class_num > RSVP_CLASS_MAX || table[class_num - 1] != nullptr ||
-        validate == nullptr)
+// Filled slots are tracked apart from the pointers: with null-pointer sanitizing, g++ no longer
+// takes a comparison of a function's address with null as a constant expression.
+struct Rows {
+    Table table{};
+    std::array<bool, RSVP_CLASS_MAX> filled{};
+};
+
+consteval void put(Rows &rows, unsigned class_num, Validator validate) {
+    if (class_num == 0 || class_num > RSVP_CLASS_MAX || rows.filled[class_num - 1])
         duplicate_or_out_of_range_row();
-    table[class_num - 1] = validate;
+    rows.filled[class_num - 1] = true;
+    rows.table[class_num - 1] = validate;
 }
 
 consteval Table build_table() {
-    Table t{};
+    Rows t;
     // One row per known class, grouped by family; each family adds its rows when it lands.
     put(t, RSVP_CLASS_SESSION, rsvp_valid_session_ipv4);
     put(t, RSVP_CLASS_RSVP_HOP, rsvp_valid_hop);
@@ -46,7 +53,32 @@ consteval Table build_table() {
     put(t, RSVP_CLASS_EXPLICIT_ROUTE, rsvp_valid_explicit_route);
     put(t, RSVP_CLASS_RECORD_ROUTE, rsvp_valid_record_route);
     put(t, RSVP_CLASS_EXCLUDE_ROUTE, rsvp_valid_xro);
-    return t;
+    put(t, RSVP_CLASS_LABEL, rsvp_valid_gen_label);
+    put(t, RSVP_CLASS_LABEL_REQUEST, rsvp_valid_gen_label_request);
+    put(t, RSVP_CLASS_RECOVERY_LABEL, rsvp_valid_recovery_label);
+    put(t, RSVP_CLASS_UPSTREAM_LABEL, rsvp_valid_upstream_label);
+    put(t, RSVP_CLASS_SUGGESTED_LABEL, rsvp_valid_suggested_label);
+    put(t, RSVP_CLASS_LABEL_SET, rsvp_valid_label_set_obj);
+    put(t, RSVP_CLASS_ACCEPTABLE_LABEL_SET, rsvp_valid_acceptable_label_set);
+    put(t, RSVP_CLASS_SESSION_ATTRIBUTE, rsvp_valid_session_attribute);
+    put(t, RSVP_CLASS_PROTECTION, rsvp_valid_protection);
+    put(t, RSVP_CLASS_PVT_PROTECTION, rsvp_valid_pvt_protection);
+    put(t, RSVP_CLASS_LSP_REQUIRED_ATTRIBUTES, rsvp_valid_lsp_attributes);
+    put(t, RSVP_CLASS_LSP_ATTRIBUTES, rsvp_valid_lsp_attributes);
+    put(t, RSVP_CLASS_DIFFSERV, rsvp_valid_diffserv);
+    put(t, RSVP_CLASS_CLASSTYPE, rsvp_valid_class_type);
+    put(t, RSVP_CLASS_HELLO, rsvp_valid_hello);
+    put(t, RSVP_CLASS_MESSAGE_ID, rsvp_valid_message_id);
+    put(t, RSVP_CLASS_MESSAGE_ID_ACK, rsvp_valid_message_id_ack);
+    put(t, RSVP_CLASS_MESSAGE_ID_LIST, rsvp_valid_message_id_list);
+    put(t, RSVP_CLASS_RESTART_CAP, rsvp_valid_restart_cap);
+    put(t, RSVP_CLASS_ASSOCIATION, rsvp_valid_association);
+    put(t, RSVP_CLASS_REVERSE_LSP, rsvp_valid_reverse_lsp);
+    put(t, RSVP_CLASS_S2L_SUB_LSP, rsvp_valid_gen_s2l_sub_lsp);
+    put(t, RSVP_CLASS_LSP_WRAP_LABEL, rsvp_valid_lsp_wrap_label);
+    put(t, RSVP_CLASS_ADMIN_STATUS, rsvp_valid_admin_status_object);
+    put(t, RSVP_CLASS_GENERALIZED_UNI, rsvp_valid_gen_uni_attr);
+    return t.table;
 }
 
 constexpr Table kValidators = build_table();

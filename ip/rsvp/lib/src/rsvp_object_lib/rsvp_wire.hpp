@@ -66,6 +66,13 @@ inline void store_raw16(uint8_t *p, uint16_t v) {
     std::memcpy(p, &v, sizeof v);
 }
 
+// Two bytes as they lie in memory, read as a host 16-bit number without conversion.
+inline uint16_t load_raw16(const uint8_t *p) {
+    uint16_t v;
+    std::memcpy(&v, p, sizeof v);
+    return v;
+}
+
 // A word whose bytes lie in network order, read as a host number (ntohl), and the reverse
 // (htonl). For the u32 array copies; on any host the two are the same permutation.
 inline uint32_t net_to_host32(uint32_t v) {

@@ -1,0 +1,90 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "rsvp_object_lib.h"
+#include "test_util.hpp"
+
+using namespace rsvp_test;
+
+TEST(MessageId, BuildersWriteExactBytes) {
+    Bytes b(52, 0xEE);
+    rsvp_build_message_id(b.data(), 0xA1B2C3D4, RSVP_MESSAGE_ID_EPOCH_MAX, 0xFE);
+    rsvp_build_message_id_ack(b.data() + 12, 0x01020304, 0x123456);
+    rsvp_build_message_id_nack(b.data() + 24, 9, 5);
+    rsvp_build_message_id_list(b.data() + 36, 0xABCDEF, 0x81);
+    EXPECT_EQ(to_hex(b),  // MESSAGE_ID | ACK | NACK: header, flags + epoch, identifier | list head
+              "00 0c 17 01 fe ff ff ff a1 b2 c3 d4 00 0c 18 01 00 12 34 56 01 02 03 04 00 0c 18 02 "
+              "00 00 00 05 00 00 00 09 00 08 19 01 81 ab cd ef ee ee ee ee ee ee ee ee");
+    EXPECT_EQ(rsvp_valid_object(b.data() + 12), 1u);
+}
+
+TEST(MessageIdDeathTest, EpochAndNullBufferAssertions) {
+    Bytes b(12);
+    EXPECT_DEATH(rsvp_build_message_id(b.data(), 1, 0x1000000, 0), "assertion failed");
+    EXPECT_DEATH(rsvp_build_message_id_nack(b.data(), 1, 0xFFFFFFFF), "assertion failed");  // -1
+    EXPECT_DEATH(rsvp_build_message_id_list(b.data(), 0x1000000, 0), "assertion failed");
+    EXPECT_DEATH(rsvp_build_message_id_ack(nullptr, 1, 1), "assertion failed");
+    // The list builder alone has no null test: it dies on the store, not on an assertion.
+    EXPECT_DEATH(rsvp_build_message_id_list(nullptr, 1, 0),
+                 testing::Not(testing::HasSubstr("assertion")));
+}
+
+// MESSAGE_ID and ACK/NACK want Length 12; a list more than 8 bytes, not in whole words.
+TEST(MessageId, ValidatorsWantTheirLengthAndCType) {
+    for (int len = 0; len <= 20; ++len) {
+        SCOPED_TRACE(len);
+        Bytes id = object(23, 1, Bytes(16), len), ack = object(24, 2, Bytes(16), len),
+              list = object(25, 3, Bytes(16), len);
+        EXPECT_EQ(rsvp_valid_message_id(id.data()) + 2 * rsvp_valid_message_id_ack(ack.data()) +
+                      4 * rsvp_valid_message_id_list(list.data()),
+                  (len == 12) * 3 + (len > 8) * 4);
+    }
+    Bytes id2 = object(23, 2, Bytes(8)), ack3 = object(24, 3, Bytes(8)),
+          list4 = object(25, 4, Bytes(8));
+    EXPECT_EQ(rsvp_valid_message_id(id2.data()) + rsvp_valid_message_id_ack(ack3.data()) +
+                  rsvp_valid_message_id_list(list4.data()) + rsvp_valid_message_id_list(nullptr),
+              0);
+}
+
+TEST(MessageId, AccessorsReadValidObjectsOnly) {
+    Bytes m(12), l(20, 0xEE), empty(8);
+    rsvp_build_message_id(m.data(), 7, 5, RSVP_MESSAGE_ID_FLAG_ACK_DESIRED);
+    rsvp_build_message_id_list(l.data(), 0x00F00D, 0x80);
+    rsvp_add_message_id_list(l.data(), 0xCAFE0001);
+    rsvp_build_message_id_list(empty.data(), 5, 1);         // built empty: not valid on receipt
+    Bytes tv = hex("00 08 05 01 12 34 56 78 ee ee ee ee");  // TIME_VALUES, then other bytes
+    // A list index is the caller's to bound (the word behind is read as it lies); a valid
+    // object of another class is read at these offsets only up to its end.
+    EXPECT_THAT(
+        (std::vector<uint32_t>{
+            RSVP_MESSAGE_ID_FLAGS(m.data()), RSVP_MESSAGE_ID_EPOCH(m.data()),
+            RSVP_MESSAGE_ID_MSGID(m.data()), RSVP_MESSAGE_ID_LIST_FLAGS(l.data()),
+            RSVP_MESSAGE_ID_LIST_EPOCH(l.data()), RSVP_MESSAGE_ID_LIST_MSGID(l.data(), 0),
+            RSVP_MESSAGE_ID_LIST_MSGID(l.data(), 1), RSVP_MESSAGE_ID_LIST_MSGID(empty.data(), 0),
+            RSVP_MESSAGE_ID_EPOCH(tv.data()), RSVP_MESSAGE_ID_MSGID(tv.data()),
+            RSVP_MESSAGE_ID_LIST_MSGID(tv.data(), 0)}),
+        testing::ElementsAre(1, 5, 7, 0x80, 0xF00D, 0xCAFE0001, 0xEEEEEEEE, 0, 0x345678, 0, 0));
+}
+
+TEST(MessageIdList, GrowsFromTheLengthWithoutLimit) {
+    // A fresh list takes identifiers in order; one off the word grid takes the slot behind its
+    // last whole identifier; one below 8 bytes takes nothing.
+    Bytes b = concat({Bytes(24, 0xEE), hex("00 0e 19 01 00 00 00 05 00 00 00 01 ee ee ee ee"),
+                      hex("00 04 19 01 ee ee ee ee")});
+    rsvp_build_message_id_list(b.data(), 5, 0);
+    for (uint32_t id : {1, 2, 3})
+        rsvp_add_message_id_list(b.data(), id);
+    rsvp_add_message_id_list(b.data() + 24, 9);
+    rsvp_add_message_id_list(b.data() + 40, 9);
+    rsvp_add_message_id_list(nullptr, 9);
+    EXPECT_EQ(to_hex(b),
+              "00 14 19 01 00 00 00 05 00 00 00 01 00 00 00 02 00 00 00 03 ee ee ee ee "
+              "00 12 19 01 00 00 00 05 00 00 00 01 00 00 00 09 00 04 19 01 ee ee ee ee");
+    // No upper limit: at Length 65532 the identifier lands there and the Length wraps to 0.
+    Bytes big(65536 + 4, 0);
+    rsvp_build_message_id_list(big.data(), 5, 0);
+    big[0] = 0xFF, big[1] = 0xFC;
+    rsvp_add_message_id_list(big.data(), 0x0A0B0C0D);
+    EXPECT_EQ(to_hex(big.data(), 2) + " | " + to_hex(big.data() + 65532, 8),
+              "00 00 | 0a 0b 0c 0d 00 00 00 00");
+}

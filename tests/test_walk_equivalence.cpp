@@ -1,0 +1,236 @@
+// The counts and lookups that walk a route or hop object validate it once and then walk. Here
+// each is compared with the walk written the plain way, the object validated again at every
+// step through the library's own object and subobject validators, on generated and mutated
+// objects up to 64 KB: cut short, overrunning, with broken subobjects, wrong classes, and the
+// bytes behind the object (which some walks read on purpose) drawn at random.
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <tuple>
+
+#include "rsvp_object_lib.h"
+#include "test_util.hpp"
+
+using namespace rsvp_test;
+
+namespace {
+
+using Rng = std::mt19937;
+unsigned pick(Rng &rng, unsigned n) {
+    return std::uniform_int_distribution<unsigned>(0, n - 1)(rng);
+}
+unsigned obj_len(const uint8_t *obj) {
+    return obj[0] << 8 | obj[1];
+}
+unsigned tlv_len(const uint8_t *tlv) {
+    return tlv[2] << 8 | tlv[3];
+}
+
+// ---- The walks as written down: the object validated at every step ----------------------
+
+struct Walk {
+    int (*valid_obj)(uint8_t *);
+    int (*valid_sub)(uint8_t *);
+    unsigned first;  // offset of the first subobject
+    bool hop;        // 16-bit TLV header; a candidate exactly at the end is still looked at
+};
+const Walk kEro{rsvp_valid_explicit_route, rsvp_valid_explicit_route_subobject, 4, false};
+const Walk kRro{rsvp_valid_record_route, valid_record_route_subobject, 4, false};
+const Walk kHop{rsvp_valid_hop_if_id, rsvp_valid_hop_if_id_subobject, 12, true};
+
+uint8_t *ref_next(const Walk &w, uint8_t *obj, uint8_t *prev) {
+    if (!w.valid_obj(obj)) return nullptr;
+    uint8_t *cand = obj + w.first;
+    if (prev) {
+        if (!w.valid_sub(prev)) return nullptr;
+        cand = prev + (w.hop ? tlv_len(prev) : prev[1]);
+    }
+    const long off = cand - obj;
+    if (w.hop ? off > long{obj_len(obj)} : off >= long{obj_len(obj)}) return nullptr;
+    return w.valid_sub(cand) ? cand : nullptr;
+}
+
+uint32_t ref_count(const Walk &w, uint8_t *obj, uint8_t raw_type) {
+    if (!w.valid_obj(obj)) return 0;
+    uint32_t n = 0;
+    uint8_t *sub = nullptr;
+    for (int step = 0; step < 10000 && (sub = ref_next(w, obj, sub)); ++step)
+        n += sub[0] == raw_type;
+    return n;
+}
+
+uint8_t *ref_first_tlv(uint8_t *obj, unsigned type, unsigned or_type) {
+    for (uint8_t *t = ref_next(kHop, obj, nullptr); t; t = ref_next(kHop, obj, t))
+        if (unsigned ty = t[0] << 8 | t[1]; ty == type || ty == or_type) return t;
+    return nullptr;
+}
+
+int ref_get_index(uint8_t *obj, uint32_t *addr, uint32_t *if_id) {
+    if (!addr || !rsvp_valid_hop_if_id(obj)) return 0;
+    return rsvp_extract_comp_index_fwd_rev_intf_subobj(ref_first_tlv(obj, 3, 3), addr, if_id);
+}
+
+int ref_get_ipv4(uint8_t *obj, uint32_t *addr) {
+    if (!addr || !rsvp_valid_hop_if_id(obj)) return 0;
+    return rsvp_extract_ipv4_subobj(ref_first_tlv(obj, 1, 1), addr);
+}
+
+int ref_get_tlv(uint8_t *obj, rsvp_hop_if_id_tlv_info *info) {
+    if (!info || !rsvp_valid_hop_if_id(obj)) return 0;
+    info->kind = 0;
+    uint8_t *t = ref_first_tlv(obj, 1, 3);
+    if (!t) return 0;
+    if (t[1] == 1) {
+        if (!rsvp_extract_ipv4_subobj(t, &info->address)) return 0;
+        info->kind = 1;
+    } else {
+        if (!rsvp_extract_comp_index_fwd_rev_intf_subobj(t, &info->address, &info->if_id)) return 0;
+        info->kind = 2;
+    }
+    return 1;
+}
+
+// ---- Objects: palettes of well-formed and broken subobjects --------------------------------
+
+struct Sub {
+    unsigned type, length, size;  // size: bytes the generator lays down
+};
+struct Family {
+    const Walk &walk;
+    uint8_t class_num, c_type;
+    std::vector<Sub> good, bad;
+    std::vector<Sub> dense;  // routes: more than a count's 10000 steps; hop: few found TLVs
+    size_t slack;            // bytes behind the object that the walks may read
+};
+// clang-format off
+const Family kEroFamily{kEro, 20, 1,
+    {{1, 8, 8}, {0x81, 8, 8}, {4, 12, 12}, {0x84, 12, 12}, {2, 20, 20}, {32, 4, 4}, {0xa0, 4, 4}},
+    {{1, 12, 12}, {3, 8, 8}, {4, 1, 2}, {0, 0, 2}, {32, 8, 8}},
+    {{32, 4, 4}, {32, 4, 4}, {32, 4, 4}, {32, 4, 4}, {1, 8, 8}, {4, 12, 12}},
+    1};
+const Family kRroFamily{kRro, 21, 1,
+    {{1, 8, 8}, {4, 12, 12}, {2, 20, 20}, {3, 8, 8}, {3, 4, 4}, {34, 12, 12}, {0, 4, 4},
+     {7, 8, 8}, {0x81, 4, 4}},
+    {{1, 12, 12}, {4, 8, 8}, {9, 6, 6}, {1, 0, 4}, {5, 2, 2}},
+    {{0, 4, 4}, {0, 4, 4}, {0, 4, 4}, {0, 4, 4}, {1, 8, 8}, {4, 12, 12}},
+    1};
+const Family kHopFamily{kHop, 3, 3,
+    {{1, 8, 8}, {3, 12, 12}, {4, 12, 12}, {5, 12, 12}},
+    {{2, 8, 8}, {4, 8, 8}, {1, 12, 12}, {0, 4, 4}, {3, 2, 4}, {1, 0, 4}},
+    {{4, 12, 12}, {5, 12, 12}},
+    12};
+// clang-format on
+
+void put_sub(const Family &f, Rng &rng, const Sub &s, Bytes &out) {
+    const size_t at = out.size();
+    for (unsigned i = 0; i < s.size; ++i)
+        out.push_back(static_cast<uint8_t>(rng()));
+    if (f.walk.hop) {
+        out[at] = 0, out[at + 1] = static_cast<uint8_t>(s.type);
+        out[at + 2] = static_cast<uint8_t>(s.length >> 8),
+                 out[at + 3] = static_cast<uint8_t>(s.length);
+    } else {
+        out[at] = static_cast<uint8_t>(s.type), out[at + 1] = static_cast<uint8_t>(s.length);
+    }
+}
+
+// About `target` bytes of subobjects behind a header, then mutated: the Length cut anywhere
+// (a last subobject then overruns it), bytes flipped, the class or C-Type changed. Returned
+// with the bytes behind the Length that the deliberate reads may reach.
+Bytes make_object(const Family &f, Rng &rng, size_t target, bool mutate = true) {
+    Bytes b(f.walk.first);
+    for (size_t i = 4; i < b.size(); ++i)
+        b[i] = static_cast<uint8_t>(rng());
+    // A few broken subobjects in a third of the objects, anywhere.
+    const size_t bad_from =
+        f.walk.first + (!mutate || pick(rng, 3) ? target : pick(rng, unsigned(target) + 1));
+    while (b.size() < target + f.walk.first) {
+        const auto &from = b.size() >= bad_from && b.size() < bad_from + 24 ? f.bad : f.good;
+        put_sub(f, rng, from[pick(rng, static_cast<unsigned>(from.size()))], b);
+    }
+    size_t length = std::min<size_t>(b.size(), 0xffff);
+    if (mutate && pick(rng, 3) == 0) length = pick(rng, static_cast<unsigned>(length + 1));
+    for (unsigned flips = mutate && pick(rng, 4) == 0 ? 1 + pick(rng, 3) : 0; flips; --flips)
+        b[pick(rng, static_cast<unsigned>(b.size()))] = static_cast<uint8_t>(rng());
+    b[0] = static_cast<uint8_t>(length >> 8), b[1] = static_cast<uint8_t>(length);
+    b[2] = !mutate || pick(rng, 30) ? f.class_num : static_cast<uint8_t>(rng());
+    b[3] = !mutate || pick(rng, 30) ? f.c_type : static_cast<uint8_t>(rng());
+    // Behind the Length: what the generator laid there, else a subobject a lookup may take.
+    if (b.size() < length + f.slack)
+        put_sub(f, rng, pick(rng, 2) ? Sub{1, 8, 8} : Sub{3, 12, 12}, b);
+    b.resize(std::max<size_t>(length, 4) + f.slack);  // the header itself is always there
+    return b;
+}
+
+// Compares every count and lookup (and the exported walker step by step) with the plain walk,
+// on the object in an exact-size heap buffer.
+void compare(const Family &f, const Bytes &bytes, bool walk_all) {
+    HeapBytes h = heap_copy(bytes);
+    uint8_t *o = h.data();
+    SCOPED_TRACE(to_hex(o, std::min<size_t>(bytes.size(), 48)));
+    if (f.class_num == 3) {
+        uint32_t a1 = 1, i1 = 2, a2 = 1, i2 = 2;
+        ASSERT_EQ(rsvp_get_gmpls_hop_if_index_tlv(o, &a1, &i1), ref_get_index(o, &a2, &i2));
+        ASSERT_EQ(rsvp_get_gmpls_hop_if_index_tlv(o, &a1, nullptr), ref_get_index(o, &a2, nullptr));
+        ASSERT_EQ(rsvp_get_hop_if_id_ipv4_tlv(o, &a1), ref_get_ipv4(o, &a2));
+        ASSERT_EQ(std::tie(a1, i1), std::tie(a2, i2));
+        rsvp_hop_if_id_tlv_info t1{7, 7, 7}, t2{7, 7, 7};
+        ASSERT_EQ(rsvp_get_gmpls_hop_if_id_tlv(o, &t1), ref_get_tlv(o, &t2));
+        ASSERT_EQ(std::tie(t1.kind, t1.address, t1.if_id), std::tie(t2.kind, t2.address, t2.if_id));
+    } else {
+        const bool ero = f.class_num == 20;
+        for (uint8_t type : {1, 4})
+            ASSERT_EQ(
+                (type == 1
+                     ? (ero ? rsvp_count_ero_subobject_ipv4 : rsvp_count_rro_subobject_ipv4)
+                     : (ero ? rsvp_count_ero_subobject_unnum : rsvp_count_rro_subobject_unnum))(o),
+                ref_count(f.walk, o, type));
+    }
+    if (!walk_all) return;
+    auto next = f.class_num == 3    ? rsvp_extract_hop_if_id_next_subobj
+                : f.class_num == 20 ? rsvp_extract_ero_next_subobject
+                                    : rsvp_extract_rro_next_subobject;
+    // From every position a subobject header fits in, as a caller's prev may be.
+    for (size_t at = 0; at + (f.walk.hop ? 4 : 2) <= bytes.size(); ++at)
+        ASSERT_EQ(next(o, o + at), ref_next(f.walk, o, o + at)) << "prev at " << at;
+    uint8_t *sub = nullptr;
+    do {
+        uint8_t *want = ref_next(f.walk, o, sub);
+        ASSERT_EQ(next(o, sub), want);
+        sub = want;
+    } while (sub);
+}
+
+class WalkEquivalence : public ::testing::TestWithParam<const Family *> {};
+
+TEST_P(WalkEquivalence, SmallObjectsEveryStep) {
+    Rng rng(GetParam()->class_num);
+    for (int i = 0; i < 4000; ++i)
+        compare(*GetParam(), make_object(*GetParam(), rng, pick(rng, 160)), true);
+}
+
+// A well-formed 64 KB object: routes with more subobjects than the counts' step limit of
+// 10000, a hop whose lookups walk to the end. And the same cut at 32 KB, where a last
+// subobject may run past the end. (The plain walks take a minute on these under the
+// sanitizers: one of each.)
+TEST_P(WalkEquivalence, ObjectsOf64K) {
+    Family dense = *GetParam();
+    dense.good = dense.dense;
+    Rng rng(dense.class_num + 1000u);
+    Bytes b = make_object(dense, rng, 0xffff - 40 - pick(rng, 400), false);
+    compare(dense, b, false);
+    b[0] = 0x80, b[1] = 0x04;
+    b.resize(0x8004 + dense.slack);
+    compare(dense, b, false);
+}
+
+INSTANTIATE_TEST_SUITE_P(Routes, WalkEquivalence,
+                         ::testing::Values(&kEroFamily, &kRroFamily, &kHopFamily),
+                         [](const auto &info) {
+                             return std::string(info.param->class_num == 3    ? "IfIdHop"
+                                                : info.param->class_num == 20 ? "ExplicitRoute"
+                                                                              : "RecordRoute");
+                         });
+
+}  // namespace
