@@ -51,5 +51,5 @@ awk -v n=$packets -v ow="$ours_wall" -v oc="$ours_cpu" -v tw="$theirs_wall" -v t
 large=$build/bench-rsvp-1000000.pcap
 [ -f "$large" ] || python3 "$maker" -n 1000000 -o "$large" >/dev/null 2>&1
 /usr/bin/time -v "$tool" "$large" 2>&1 >/dev/null |
-    awk -v size="$(stat -c %s "$large")" '/Maximum resident set size/ {
+    awk -v size="$(stat -L -c %s "$large")" '/Maximum resident set size/ {
         printf "rsvpdump peak RSS %.1f MiB on a %.0f MB capture\n", $6 / 1024, size / 1e6 }'
