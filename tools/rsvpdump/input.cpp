@@ -4,6 +4,7 @@
 // and memory stays flat however long the input.
 #include <pcap/pcap.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cctype>
 #include <cerrno>
@@ -25,6 +26,8 @@ constexpr uint32_t kPcapngByteOrderMagic = 0x1a2b3c4d;
 constexpr size_t kPcapngByteOrderOffset = 8;
 // Enough to tell the formats apart: the magic numbers, and a stretch of text for hex.
 constexpr size_t kSniffLen = 512;
+// From a pipe: the pcapng byte-order magic is the furthest a format needs to be told.
+constexpr size_t kStreamSniffLen = kPcapngByteOrderOffset + 4;
 constexpr uint64_t kProgressEvery = 4096;  // records between looks at the clock
 // A hex line long enough for the largest message, its bytes spaced out, and a comment.
 constexpr size_t kMaxHexLine = 1 << 18;
@@ -59,17 +62,27 @@ struct Peeked {
     uint8_t head[kSniffLen];
     size_t n = 0;
     size_t pos = 0;
+    // A pipe or terminal, read unbuffered: each read returns what has come so far, so that a
+    // packet is decoded as soon as it arrives instead of when a whole buffer has.
+    bool stream = false;
 };
 
 ssize_t peeked_read(void *cookie, char *buf, size_t size) {
     auto *p = static_cast<Peeked *>(cookie);
-    size_t done = 0;
     if (p->pos < p->n) {
-        done = std::min(size, p->n - p->pos);
+        const size_t done = std::min(size, p->n - p->pos);
         std::memcpy(buf, p->head + p->pos, done);
         p->pos += done;
+        return static_cast<ssize_t>(done);
     }
-    if (done < size) done += std::fread(buf + done, 1, size - done, p->src);
+    if (p->stream) {
+        ssize_t got;
+        do
+            got = read(fileno(p->src), buf, size);
+        while (got < 0 && errno == EINTR);
+        return got;
+    }
+    const size_t done = std::fread(buf, 1, size, p->src);
     return done == 0 && std::ferror(p->src) ? -1 : static_cast<ssize_t>(done);
 }
 
@@ -162,8 +175,29 @@ bool Dumper::dump_image(const uint8_t *data, size_t size, const char *name) {
 
 bool Dumper::dump_stream(std::FILE *f, const char *name) {
     auto *peeked = new Peeked{f, {}, 0, 0};
-    peeked->n = std::fread(peeked->head, 1, sizeof peeked->head, f);
-    if (peeked->n == 0 && std::ferror(f)) {
+    struct stat st {};
+    const int fd = fileno(f);  // none for an image in memory
+    const bool regular = fd >= 0 && fstat(fd, &st) == 0 && S_ISREG(st.st_mode);
+    if (fd >= 0 && !regular) {
+        peeked->stream = true;
+        std::setvbuf(f, nullptr, _IONBF, 0);  // nothing read ahead behind the format's bytes
+    }
+    bool failed = false;
+    if (peeked->stream) {
+        // Enough to tell the formats apart, without waiting for a whole head of bytes.
+        while (peeked->n < kStreamSniffLen) {
+            const ssize_t got = read(fd, peeked->head + peeked->n, sizeof peeked->head - peeked->n);
+            if (got > 0) peeked->n += static_cast<size_t>(got);
+            if (got == 0 || (got < 0 && errno != EINTR)) {
+                failed = got < 0;
+                break;
+            }
+        }
+    } else {
+        peeked->n = std::fread(peeked->head, 1, sizeof peeked->head, f);
+        failed = std::ferror(f);
+    }
+    if (peeked->n == 0 && failed) {
         report(name, "cannot read: %s", std::strerror(errno));
         peeked_close(peeked);
         ++stats_.inputs_failed;
@@ -186,12 +220,14 @@ bool Dumper::dump_stream(std::FILE *f, const char *name) {
         ++stats_.inputs_failed;
         return false;
     }
-    uint64_t size = 0;
-    struct stat st {};
-    if (options_.progress && fstat(fileno(f), &st) == 0 && S_ISREG(st.st_mode)) size = st.st_size;
+    const uint64_t size = options_.progress && regular ? st.st_size : 0;
+    // Messages from a pipe go out as they are decoded, as from a live interface.
+    const bool flush_each = options_.flush_each;
+    options_.flush_each = flush_each || peeked->stream;
     const bool ok = format == Format::kHex ? dump_hex(replay, name)
                                            : dump_pcap(replay, name, peeked->src, size);
     end_input();
+    options_.flush_each = flush_each;
     return ok;
 }
 
