@@ -47,8 +47,9 @@ void exercise_diffserv(const Object &o) {
 
 void exercise(std::span<const Object> objects) {
     for (const Object &o : objects) {
-        // The entry getters bound the index by the Length themselves, on any object.
-        for (unsigned i = 0; i <= (o.length - RSVP_OBJ_HDR_LEN) / 4u; ++i)
+        // The entry getters take any index: a caller keeps each entry inside the Length.
+        for (unsigned i = 0;
+             RSVP_DIFFSERV_HDR_LEN + (i + 1) * RSVP_DIFFSERV_MAP_ENTRY_LEN <= o.length; ++i)
             keep(rsvp_diffserv_get_exp(o.obj, uint8_t(i)) +
                  rsvp_diffserv_get_phbid(o.obj, uint8_t(i)));
         // The readers that take whatever they are given, on every object that holds their word.

@@ -44,6 +44,7 @@ TEST(Hello, ValidatorsOnlyAtLengthTwelve) {
                   cap = object(131, c_type, Bytes(12), len);
             EXPECT_EQ(rsvp_valid_object(hello.data()), len == 12 && (c_type == 1 || c_type == 2));
             EXPECT_EQ(rsvp_valid_object(cap.data()), len == 12 ? 1u : 0u);
+            EXPECT_EQ(rsvp_valid_hello(cap.data()) + rsvp_valid_restart_cap(hello.data()), 0);
         }
     EXPECT_EQ(rsvp_valid_hello(nullptr) + rsvp_valid_restart_cap(nullptr), 0);
 }

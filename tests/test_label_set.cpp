@@ -7,34 +7,35 @@ using namespace rsvp_test;
 
 TEST(LabelSet, BuildAddExtract) {
     Bytes b(20, 0xEE), d(16, 0xEE);
-    EXPECT_EQ(rsvp_build_label_set_obj(b.data(), RSVP_LABEL_SET_INCLUSIVE_LIST, 0xC001), b.data());
+    EXPECT_EQ(rsvp_build_label_set_obj(b.data(), RSVP_LABEL_SET_INCLUSIVE_LIST, 0xC101), b.data());
     rsvp_add_label_set_obj(b.data(), 16);
     rsvp_add_label_set_obj(b.data(), 0x12345678);
     rsvp_add_label_set_obj(nullptr, 1);
-    // length 16, class 36, C-Type 1 | action 0, reserved 0, type 1 (top bits masked) | labels
-    EXPECT_EQ(to_hex(b), "00 10 24 01 00 00 00 01 00 00 00 10 12 34 56 78 ee ee ee ee");
+    // length 16, class 36, C-Type 1 | action 0, reserved 0, type 0x101 (top bits masked) | labels
+    EXPECT_EQ(to_hex(b), "00 10 24 01 00 00 01 01 00 00 00 10 12 34 56 78 ee ee ee ee");
     // The 32-bit builder, for class 130: Length 16, action 3, type 2, then the same labels.
     const uint32_t in[] = {16, 0x12345678};
     rsvp_build_32bit_label_set(d.data(), 130, 2, 3, 2, in);
     EXPECT_EQ(to_hex(d), "00 10 82 01 03 00 00 02 00 00 00 10 12 34 56 78");
     b[6] = 0xC0;  // reserved bits: not read by the plain validator, masked off by its extractor
     uint32_t *labels = nullptr, n = 0, out[2] = {7, 7};
-    uint8_t count = 0, action = 9;
+    uint8_t count = 0, action = 9, action32 = 9;
     uint16_t type = 0;
-    ASSERT_EQ(rsvp_extract_label_set_obj(b.data(), &labels, &count, &action, &type), 1);
-    EXPECT_EQ(reinterpret_cast<uint8_t *>(labels), b.data() + 8);
-    EXPECT_EQ((std::vector<int>{count, action, type}), (std::vector<int>{2, 0, 1}));
-    ASSERT_EQ(rsvp_extract_32bit_label_set_obj(d.data(), 130, &action, &n), 1);
-    EXPECT_EQ(action + n, 3u + 2);
-    // Refusals, wrong count or class included, leave the outputs untouched.
+    // Refusals, wrong count or class or a null output included, leave the outputs untouched.
     EXPECT_EQ(rsvp_extract_32bit_label_set_obj_labels(d.data(), 130, 1, out) +
                   rsvp_extract_32bit_label_set_obj_labels(d.data(), 36, 2, out) +
-                  rsvp_extract_32bit_label_set_obj(d.data(), 36, &action, &n) +
-                  rsvp_extract_32bit_label_set_obj(d.data(), 130, &action, nullptr),
+                  rsvp_extract_32bit_label_set_obj_labels(d.data(), 130, 2, nullptr) +
+                  rsvp_extract_32bit_label_set_obj(d.data(), 36, &action32, &n) +
+                  rsvp_extract_32bit_label_set_obj(d.data(), 130, &action32, nullptr),
               0);
-    EXPECT_EQ(out[0] + out[1] + action + n, 7u + 7 + 3 + 2);
-    ASSERT_EQ(rsvp_extract_32bit_label_set_obj_labels(d.data(), 130, 2, out), 1);
-    EXPECT_EQ(out[1], 0x12345678u);
+    EXPECT_EQ(out[0] + out[1] + action32 + n, 7u + 7 + 9);
+    ASSERT_EQ(rsvp_extract_label_set_obj(b.data(), &labels, &count, &action, &type) +
+                  rsvp_extract_32bit_label_set_obj(d.data(), 130, &action32, &n) +
+                  rsvp_extract_32bit_label_set_obj_labels(d.data(), 130, 2, out),
+              3);
+    EXPECT_EQ(reinterpret_cast<uint8_t *>(labels), b.data() + 8);
+    EXPECT_EQ((std::vector<uint32_t>{count, action, type, action32, n, out[1]}),
+              (std::vector<uint32_t>{2, 0, 1, 3, 2, 0x12345678}));
     // An add goes behind the last whole label: Length 10 puts it at 8 and becomes 14.
     Bytes odd = object(36, 1, hex("00 00 00 01 aa bb ee ee"), 10), short_obj = object(36, 1, {}, 7);
     rsvp_add_label_set_obj(odd.data(), 0x01020304);

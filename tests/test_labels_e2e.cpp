@@ -1,6 +1,6 @@
 // A SONET/SDH LSP end to end: the Path asks for a TDM label and offers an upstream label, a
-// suggested label and a set to choose from; the Resv answers with a generalized LABEL naming two
-// time slots. Each message is walked and validated whole, then its label objects are read back.
+// suggested label and a range to choose from; the Resv answers with a generalized LABEL naming
+// two time slots. Each message is walked and every object validated through the class table.
 #include <gtest/gtest.h>
 
 #include <vector>
@@ -30,42 +30,32 @@ std::vector<unsigned> close_and_walk(uint8_t *msg, uint8_t type, uint8_t *end) {
 
 TEST(LabelsEndToEnd, GmplsPathAndResvWithSonetSdhLabel) {
     uint8_t path[128] = {}, resv[128] = {};
-    const uint32_t up = 0x00011000, suggested = 0x00012000, allowed[] = {0x00013000, 0x00014000};
-    uint8_t *session = path + RSVP_MSG_HDR_LEN, *p = session;
+    const uint32_t offered[] = {0x00011000, 0x00012000, 0x00014000};
+    uint8_t *p = path + RSVP_MSG_HDR_LEN;
     rsvp_build_session_lsp_tunnel_ipv4(p, ip("10.0.0.3"), 1, ip("10.0.0.1"));
     rsvp_build_gen_label_req(p += RSVP_OBJECT_LENGTH(p), 5 /* SDH */, 100 /* TDM */, 34);
-    rsvp_build_upstream_label(p += RSVP_OBJECT_LENGTH(p), &up, 1);
-    rsvp_build_suggested_label(p += RSVP_OBJECT_LENGTH(p), &suggested, 1);
-    rsvp_build_label_set_obj(p += RSVP_OBJECT_LENGTH(p), 0, RSVP_LABEL_SET_TYPE_GENERALIZED);
-    rsvp_add_label_set_obj(p, allowed[0]);
-    rsvp_add_label_set_obj(p, allowed[1]);
+    rsvp_build_upstream_label(p += RSVP_OBJECT_LENGTH(p), &offered[0], 1);
+    rsvp_build_suggested_label(p += RSVP_OBJECT_LENGTH(p), &offered[1], 1);
+    rsvp_build_32bit_label_set(p += RSVP_OBJECT_LENGTH(p), RSVP_CLASS_LABEL_SET,
+                               RSVP_LABEL_SET_TYPE_GENERALIZED, RSVP_LABEL_SET_INCLUSIVE_RANGE, 2,
+                               &offered[1]);
     rsvp_build_template_lsp_tunnel_ipv4(p += RSVP_OBJECT_LENGTH(p), ip("10.0.0.1"), 1);
     EXPECT_EQ(close_and_walk(path, 1 /* Path */, p + RSVP_OBJECT_LENGTH(p)),
               (std::vector<unsigned>{1, 19, 35, 129, 36, 11}));
-    // A transit node finds the set behind the request and takes its labels.
-    uint8_t *set = rsvp_first_object_type_ordered(session, RSVP_MESSAGE_OBJ_LEN(path),
-                                                  RSVP_CLASS_LABEL_REQUEST, RSVP_CLASS_LABEL_SET);
-    uint32_t words[2] = {}, *w0 = words;
-    ASSERT_EQ(rsvp_extract_32bit_label_set_obj_labels(set, RSVP_CLASS_LABEL_SET, 2, words), 1);
-    EXPECT_EQ(words[1], allowed[1]);
 
     // The tail end picks the time slots S=1 U=1 K=1 L=1 M=1 and M=2.
     p = resv + RSVP_MSG_HDR_LEN;
-    rsvp_object_copy(p, session);
+    rsvp_object_copy(p, path + RSVP_MSG_HDR_LEN);
     rsvp_build_style(p += RSVP_OBJECT_LENGTH(p), RSVP_STYLE_FF);
     rsvp_build_filter_lsp_tunnel_ipv4(p += RSVP_OBJECT_LENGTH(p), ip("10.0.0.1"), 1);
     uint8_t *label = p += RSVP_OBJECT_LENGTH(p);
     rsvp_build_gen_label_sonet_sdh(label);
-    ASSERT_EQ(rsvp_add_gen_label_sonet_sdh(label, 1, 1, 1, 1, 1) +
-                  rsvp_add_gen_label_sonet_sdh(label, 1, 1, 1, 1, 2),
-              2);
+    rsvp_add_gen_label_sonet_sdh(label, 1, 1, 1, 1, 1);
+    rsvp_add_gen_label_sonet_sdh(label, 1, 1, 1, 1, 2);
     EXPECT_EQ(close_and_walk(resv, 2 /* Resv */, p + RSVP_OBJECT_LENGTH(p)),
               (std::vector<unsigned>{1, 8, 10, 16}));
-    uint32_t s = 0, u = 0, k = 0, l = 0, m = 0;
-    uint16_t n = 0;
-    ASSERT_EQ(rsvp_extract_generalized_label(label, &w0, &n) +
-                  rsvp_extract_gen_label_sonet_sdh(label, 1, &s, &u, &k, &l, &m),
-              2);
-    EXPECT_EQ((std::vector<uint32_t>{n, words[0], s, u, k, l, m}),
-              (std::vector<uint32_t>{2, 0x00011111, 1, 1, 1, 1, 2}));
+    EXPECT_EQ(to_hex(label, 12), "00 0c 10 02 00 01 11 11 00 01 11 12");
+    uint32_t f[5] = {};
+    ASSERT_EQ(rsvp_extract_gen_label_sonet_sdh(label, 1, &f[0], &f[1], &f[2], &f[3], &f[4]), 1);
+    EXPECT_EQ(std::vector<uint32_t>(f, f + 5), (std::vector<uint32_t>{1, 1, 1, 1, 2}));
 }

@@ -51,10 +51,10 @@ TEST(Protection, AccessorsOwnTheirBitsAndNeedTheirValidator) {
             for (int b = 0; b < 8; ++b)
                 EXPECT_EQ(ones[4 + b], uint8_t(0xFF & ~hex(a.body)[b]));
             EXPECT_EQ(a.get[which](ones.data()) + a.get[which](nullptr), 0u);
-            // The twin's object is not touched.
-            Bytes twin = object(which ? 37 : 190, which ? 2 : 252, Bytes(8, 0)), twin0 = twin;
-            a.set[which](twin.data(), 1);
-            EXPECT_EQ(twin, twin0);
+            // The twin's object reads 0 and is not touched.
+            Bytes twin = object(which ? 37 : 190, which ? 2 : 252, Bytes(8, 0xFF)), twin0 = twin;
+            a.set[which](twin.data(), 0);
+            EXPECT_EQ(a.get[which](twin.data()) + (twin != twin0), 0u);
         }
     }
 }
@@ -85,6 +85,8 @@ TEST(PvtProtection, SubobjectsAndTheLenientLastOne) {
         o[1] = 16;  // the subobject now runs past the Length: still judged by its own header
         EXPECT_EQ(rsvp_valid_pvt_protection(o.data()), valid);
     }
+    Bytes twice = object(190, 252, hex("0001 0008 00000001  0001 0008 00000002"));
+    EXPECT_EQ(rsvp_valid_pvt_protection(twice.data()), 1);  // repeats are the adds' concern
     EXPECT_EQ(rsvp_valid_pvt_protection_subobject(nullptr) + rsvp_valid_pvt_protection(nullptr), 0);
 }
 
@@ -138,14 +140,10 @@ TEST(PvtProtection, AddWalkExtract) {
               0);
 }
 
-// The add grows the Length in its low byte only: 252 + 8 reads 4.
+// The add grows the Length in its low byte only (0x80fc + 8 reads 0x8004), and the walks count
+// in a signed 16-bit number: from 32780 bytes on there is nothing to walk.
 TEST(PvtProtection, GrowthLosesTheCarry) {
-    Bytes o(260, 0);
-    rsvp_build_pvt_protection(o.data());
-    for (int at = 12; at < 252; at += 8)
-        o[at + 1] = 1, o[at + 3] = 8;  // 30 WTR subobjects: the validator allows repeats
-    o[1] = 252;
+    Bytes o = object(190, 252, Bytes(16, 0), 0x80fc);
     ASSERT_EQ(rsvp_add_pvt_protection_hoff(o.data(), 1), 1);
-    EXPECT_EQ(RSVP_OBJECT_LENGTH(o.data()), 4);
-    EXPECT_EQ(to_hex(o.data() + 252, 8), "00 02 00 08 00 00 00 01");
+    EXPECT_EQ(to_hex(o), "80 04 be fc 00 00 00 00 00 00 00 00 00 02 00 08 00 00 00 01");
 }

@@ -21,7 +21,6 @@ TEST(SessionAttribute, BuildAddsTwentyBytesToTheName) {
         Bytes b(hex(bytes).size() + 4, 0xEE);
         rsvp_build_session_attribute(b.data(), 7, 3, 5, uint8_t(strlen(name)), name);
         EXPECT_EQ(to_hex(b), to_hex(hex(bytes)) + " ee ee ee ee");
-        EXPECT_EQ(rsvp_valid_session_attribute(b.data()), 1);
     }
 }
 

@@ -81,15 +81,19 @@ void decode_subobject(uint8_t *obj, uint8_t *sub, rsvpdump::Out &out) {
     uint8_t mode1 = 0, mode2 = 0;
     out.open_item();
     out.line().text("subobject type ").u("type", RSVP_PVT_PROTECTION_SUBOBJ_TYPE(sub));
-    out.text(" length ").u("length", RSVP_PVT_PROTECTION_SUBOBJ_LENGTH(sub)).text(": ");
-    if (rsvp_extract_pvt_protection_wtr(sub, &value))
-        out.text("wait-to-restore ").u("wtr", value);
-    else if (rsvp_extract_pvt_protection_hoff(sub, &value))
-        out.text("hold-off ").u("hoff", value);
-    else if (rsvp_extract_pvt_protection_snc(sub, &mode1, &mode2))
-        out.text("SNC mode 1 ").u("snc_mode1", mode1).text(" mode 2 ").u("snc_mode2", mode2);
+    out.text(" length ").u("length", RSVP_PVT_PROTECTION_SUBOBJ_LENGTH(sub));
+    // The validator accepts a last subobject that runs past the object; its body may lie
+    // behind the received bytes, so it is not read.
     const bool past = sub - obj + RSVP_PVT_PROTECTION_SUBOBJ_LENGTH(sub) > RSVP_OBJECT_LENGTH(obj);
-    out.flag("past_end", past).text(past ? " (runs past the object end)" : "");
+    out.flag("past_end", past);
+    if (past)
+        out.text(" runs past the object end");
+    else if (rsvp_extract_pvt_protection_wtr(sub, &value))
+        out.text(": wait-to-restore ").u("wtr", value);
+    else if (rsvp_extract_pvt_protection_hoff(sub, &value))
+        out.text(": hold-off ").u("hoff", value);
+    else if (rsvp_extract_pvt_protection_snc(sub, &mode1, &mode2))
+        out.text(": SNC mode 1 ").u("snc_mode1", mode1).text(" mode 2 ").u("snc_mode2", mode2);
     out.close();
 }
 

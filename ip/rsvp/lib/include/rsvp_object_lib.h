@@ -1557,9 +1557,10 @@ RSVP_API uint16_t rsvp_diffserv_length(uint8_t *obj, uint8_t c_type);
 /* 1, MAPnb and that many entries copied unconverted (wire order); 0 for a NULL pointer. Not
  * validated: validate first, or give room for 15 entries. */
 RSVP_API int rsvp_extract_diffserv_e_lsp(uint8_t *obj, uint8_t *map_count, uint32_t *entries);
-/* EXP (0..7) of entry index; 9 for NULL or an entry outside the object's Length. */
+/* EXP (0..7) of entry index; 9 for NULL. The index is not bounded: keep it below MAPnb of a
+ * validated object. */
 RSVP_API uint8_t rsvp_diffserv_get_exp(uint8_t *obj, uint8_t index);
-/* PHBID of entry index; 0 for NULL or an entry outside the object's Length. */
+/* PHBID of entry index; 0 for NULL. The index is not bounded, as for rsvp_diffserv_get_exp. */
 RSVP_API uint16_t rsvp_diffserv_get_phbid(uint8_t *obj, uint8_t index);
 /* 1 and the PSC (host order); 0, untouched, for a NULL pointer. Not validated. */
 RSVP_API int rsvp_extract_diffserv_l_lsp(uint8_t *obj, uint16_t *psc);

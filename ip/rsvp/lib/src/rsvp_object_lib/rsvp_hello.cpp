@@ -18,8 +18,9 @@ namespace {
 
 constexpr unsigned kFirstOffset = 4;
 constexpr unsigned kSecondOffset = 8;
+constexpr unsigned kWordLen = 4;
 constexpr uint16_t kLen = RSVP_HELLO_LEN;
-static_assert(kSecondOffset + 4 == kLen && kLen == RSVP_RESTART_CAP_LEN);
+static_assert(kSecondOffset + kWordLen == kLen && kLen == RSVP_RESTART_CAP_LEN);
 
 void build_two_words(uint8_t *buffer, uint8_t class_num, uint8_t c_type, uint32_t first,
                      uint32_t second) {

@@ -22,7 +22,9 @@
 // library expect them, so they stay. Three more rules are kept as they stand: the Attribute
 // Flags add reads the TLV lengths already present without byte-order conversion, so on a
 // little-endian host it succeeds only on an empty object; rsvp_diffserv_get_exp answers 9 for
-// a null object; and the CLASSTYPE validator does not look at the Length.
+// a null object; and the CLASSTYPE validator does not look at the Length. The DIFFSERV readers
+// other than the validator trust their caller to have validated the object and bounded the
+// index by MAPnb.
 #include <cstring>
 
 #include "rsvp_object_internal.hpp"
@@ -81,10 +83,10 @@ uint8_t *lsp_attr_find_end(uint8_t *obj) {
     return remaining == 0 ? p : nullptr;  // p is then obj + Length
 }
 
-// The first byte of MAP entry index, or nullptr when that entry does not lie inside the Length.
-const uint8_t *ds_entry(const uint8_t *obj, uint8_t index) {
-    const unsigned at = kDsHdrLen + index * kDsEntryLen;
-    return at + kDsEntryLen <= obj_length(obj) ? obj + at : nullptr;
+// The word of MAP entry index. Neither MAPnb nor the Length bounds the index: the caller's
+// loop does (deliberate read).
+uint32_t ds_entry(const uint8_t *obj, uint8_t index) {
+    return wire::load_be32(obj + kDsHdrLen + index * kDsEntryLen);
 }
 
 uint8_t map_count(const uint8_t *obj) {
@@ -196,14 +198,12 @@ int rsvp_extract_diffserv_e_lsp(uint8_t *obj, uint8_t *map_count_out, uint32_t *
 }
 
 uint8_t rsvp_diffserv_get_exp(uint8_t *obj, uint8_t index) {
-    const uint8_t *entry = obj ? ds_entry(obj, index) : nullptr;
-    if (!entry) return RSVP_DIFFSERV_NO_EXP;
-    return static_cast<uint8_t>(wire::load_be32(entry) >> kExpShift & kExpMask);
+    if (!obj) return RSVP_DIFFSERV_NO_EXP;
+    return static_cast<uint8_t>(ds_entry(obj, index) >> kExpShift & kExpMask);
 }
 
 uint16_t rsvp_diffserv_get_phbid(uint8_t *obj, uint8_t index) {
-    const uint8_t *entry = obj ? ds_entry(obj, index) : nullptr;
-    return entry ? static_cast<uint16_t>(wire::load_be32(entry) >> kPhbidShift) : 0;
+    return obj ? static_cast<uint16_t>(ds_entry(obj, index) >> kPhbidShift) : 0;
 }
 
 // Not validated: the PSC is read from offset 4 of whatever the caller hands in.

@@ -165,7 +165,8 @@ int rsvp_valid_pvt_protection_subobject(uint8_t *sub) {
 }
 
 // The walk stops once the lengths seen reach the Length, so the last subobject may run past
-// it: that leniency is kept. Every step is at least 5 bytes.
+// it: that leniency is kept, and its header is read wherever it lies (deliberate read). Every
+// step is at least 5 bytes.
 int rsvp_valid_pvt_protection(uint8_t *obj) {
     if (!obj || !obj_is(obj, kPvtClass, kPvtCType) || obj_length(obj) < kLen) return 0;
     uint8_t *p = obj + kLen;
