@@ -1,5 +1,6 @@
 #include "refresh_pair.hpp"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -68,10 +69,11 @@ std::vector<std::vector<uint8_t>> refresh_pair_seeds() {
         return run;
     };
     auto pair = [](const std::vector<uint8_t> &a, const std::vector<uint8_t> &b) {
-        std::vector<uint8_t> in{static_cast<uint8_t>(a.size() >> 8),
-                                static_cast<uint8_t>(a.size())};
-        in.insert(in.end(), a.begin(), a.end());
-        in.insert(in.end(), b.begin(), b.end());
+        // Sized once and filled: GCC 12 at -O3 warns about inserting into a 2-byte vector.
+        std::vector<uint8_t> in(2 + a.size() + b.size());
+        in[0] = static_cast<uint8_t>(a.size() >> 8);
+        in[1] = static_cast<uint8_t>(a.size());
+        std::copy(b.begin(), b.end(), std::copy(a.begin(), a.end(), in.begin() + 2));
         return in;
     };
     std::vector<uint8_t> first = path(1, 0xAA, 100, 30000);

@@ -1,12 +1,13 @@
 // rsvpdump's decoders: one per object class, each in the file of its family.
 //
 // A family file defines a function that states the fields of a valid object of its class to an
-// Out sink (out.hpp) and registers it with RSVPDUMP_DECODER; main() calls it for every object
-// that rsvp_valid_object accepts. Decoders use the library's public functions only.
+// Out sink (out.hpp) and registers it with RSVPDUMP_DECODER; the message printer calls it for
+// every object that rsvp_valid_object accepts, inside the object's "fields" member. Decoders use
+// the library's public functions only.
 #pragma once
 
 #include <cstdint>
-#include <string>
+#include <string_view>
 
 #include "out.hpp"
 
@@ -22,17 +23,14 @@ inline constexpr int kAnyCType = -1;
 bool register_decoder(uint8_t class_num, int c_type, Decoder decode);
 Decoder find_decoder(uint8_t class_num, uint8_t c_type);
 
-// Name of a Class-Num for the object line ("SESSION"), or nullptr for a class without one.
-const char *class_name(uint8_t class_num);
+// Name of a Class-Num for the object line ("SESSION"), empty for a class without one.
+std::string_view class_name(uint8_t class_num);
+
+// Name of a C-Type of a class for the object line ("LSP_TUNNEL_IPV4"), or empty.
+std::string_view c_type_name(uint8_t class_num, uint8_t c_type);
 
 // Name of an Intserv service number ("Guaranteed", ...), "unknown" for others.
 const char *intserv_service_name(unsigned service);
-
-// Dotted quad of a wire-order address (a fresh string, safe to use twice in one line).
-std::string addr(uint32_t wire_order);
-
-// Hex of a byte run, "0x" followed by two digits a byte.
-std::string hex_bytes(const uint8_t *p, size_t n);
 
 }  // namespace rsvpdump
 

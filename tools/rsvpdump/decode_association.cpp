@@ -130,8 +130,11 @@ void decode_reverse_lsp(uint8_t *obj, rsvpdump::Out &out) {
         const auto cls = static_cast<uint8_t>(RSVP_OBJECT_CLASS(o));
         const auto c_type = static_cast<uint8_t>(RSVP_OBJECT_C_TYPE(o));
         out.open_item().line().text("object class ").u("class", cls);
-        if (const char *name = rsvpdump::class_name(cls)) out.text(" ").str("class_name", name);
+        if (const std::string_view name = rsvpdump::class_name(cls); !name.empty())
+            out.text(" ").name("class_name", name);
         out.text(" c-type ").u("c_type", c_type);
+        if (const std::string_view name = rsvpdump::c_type_name(cls, c_type); !name.empty())
+            out.text(" ").name("c_type_name", name);
         out.text(" length ").u("length", RSVP_OBJECT_LENGTH(o));
         if (rsvpdump::Decoder decode = rsvpdump::find_decoder(cls, c_type)) {
             out.nest("fields");

@@ -45,8 +45,9 @@ void decode_ipv4(uint8_t *obj, rsvpdump::Out &out) {
     uint8_t flags = 0, code = 0;
     uint16_t value = 0;
     if (!rsvp_extract_error_ipv4(obj, &node, &flags, &code, &value)) return;
-    out.line("error node %s flags 0x%02x code %u (%s) value %u", rsvpdump::addr(node).c_str(),
-             flags, code, error_name(code), value);
+    out.line().text("error node ").addr("node", node).text(" flags ").hex("flags", flags, 2);
+    out.text(" code ").u("code", code).text(" (").str("code_name", error_name(code)).text(")");
+    out.text(" value ").u("value", value);
 }
 
 }  // namespace

@@ -5,40 +5,46 @@
 
 namespace {
 
-using rsvpdump::addr;
-
 void decode_hop(uint8_t *obj, uint8_t *sub, unsigned hop, rsvpdump::Out &out) {
-    const char *kind = RSVP_ERO_GENERIC_TYPE(sub) & RSVP_ERO_L_BIT ? "loose" : "strict";
+    const bool loose = (RSVP_ERO_GENERIC_TYPE(sub) & RSVP_ERO_L_BIT) != 0;
     const uint8_t length = RSVP_ERO_GENERIC_LENGTH(sub);
+    out.line().text("hop ").u("index", hop).text(": ");
+    out.flag("loose", loose).text(loose ? "loose " : "strict ");
     // A route may end in a subobject that runs past the object end; its bytes are not the
     // route's, so only its header is shown.
     const long room = obj + RSVP_OBJECT_LENGTH(obj) - sub;
     if (length > room) {
-        out.line("hop %u: %s subobject type %u length %u runs %ld bytes past the object end", hop,
-                 kind, RSVP_ERO_GENERIC_TYPE(sub) & ~RSVP_ERO_L_BIT, length, length - room);
+        out.text("subobject type ").u("type", RSVP_ERO_GENERIC_TYPE(sub) & ~RSVP_ERO_L_BIT);
+        out.text(" length ").u("length", length).text(" runs ");
+        out.i("overrun", length - room).text(" bytes past the object end");
         return;
     }
     uint32_t address = 0, if_id = 0;
     uint8_t prefix_len = 0;
     uint16_t as_number = 0;
-    if (rsvp_extract_ero_subobject_ipv4(sub, &address, &prefix_len))
-        out.line("hop %u: %s %s/%u", hop, kind, addr(address).c_str(), prefix_len);
-    else if (rsvp_extract_ero_subobject_unnum(sub, &address, &if_id))
-        out.line("hop %u: %s unnumbered router id %s interface id %u", hop, kind,
-                 addr(address).c_str(), if_id);
-    else if (rsvp_extract_ero_subobject_as(sub, &as_number))
-        out.line("hop %u: %s AS %u", hop, kind, as_number);
-    else
-        out.line("hop %u: %s IPv6 prefix subobject %s", hop, kind,
-                 rsvpdump::hex_bytes(sub, length).c_str());
+    if (rsvp_extract_ero_subobject_ipv4(sub, &address, &prefix_len)) {
+        out.addr("address", address).text("/").u("prefix_length", prefix_len);
+    } else if (rsvp_extract_ero_subobject_unnum(sub, &address, &if_id)) {
+        out.text("unnumbered router id ").addr("router_id", address);
+        out.text(" interface id ").u("interface_id", if_id);
+    } else if (rsvp_extract_ero_subobject_as(sub, &as_number)) {
+        out.text("AS ").u("as_number", as_number);
+    } else {
+        out.text("IPv6 prefix subobject ").bytes("subobject", sub, length);
+    }
 }
 
 void decode_explicit_route(uint8_t *obj, rsvpdump::Out &out) {
     unsigned hop = 0;
+    out.open_list("hops");
     for (uint8_t *sub = rsvp_extract_ero_next_subobject(obj, nullptr); sub;
-         sub = rsvp_extract_ero_next_subobject(obj, sub))
+         sub = rsvp_extract_ero_next_subobject(obj, sub)) {
+        out.open_item();
         decode_hop(obj, sub, ++hop, out);
-    if (hop == 0) out.line("empty route");
+        out.close();
+    }
+    out.close();
+    if (hop == 0) out.line().text("empty route");
 }
 
 }  // namespace

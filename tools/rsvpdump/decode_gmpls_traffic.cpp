@@ -1,7 +1,5 @@
 // GMPLS traffic parameters in SENDER_TSPEC and FLOWSPEC: G.709 OTN (C-Type 5) and SONET/SDH
 // (C-Type 4). The Intserv C-Type 2 of the same classes has its own decoder.
-#include <cinttypes>
-
 #include "decode.hpp"
 #include "rsvp_object_lib.h"
 
@@ -20,8 +18,9 @@ void decode_g709(uint8_t *obj, rsvpdump::Out &out) {
             ? rsvp_extract_g709_otn_tspec(obj, &signal_type, &nvc, &multiplier, &bit_rate)
             : rsvp_extract_g709_otn_flowspec(obj, &signal_type, &nvc, &multiplier, &bit_rate);
     if (!ok) return;
-    out.line("G.709 OTN signal type %u NVC %u MT %u bit rate %" PRId64 " bytes/s", signal_type, nvc,
-             multiplier, bit_rate);
+    out.line().text("G.709 OTN signal type ").u("signal_type", signal_type);
+    out.text(" NVC ").u("nvc", nvc).text(" MT ").u("multiplier", multiplier);
+    out.text(" bit rate ").i("bit_rate", bit_rate).text(" bytes/s");
 }
 
 void decode_sonet_sdh(uint8_t *obj, rsvpdump::Out &out) {
@@ -34,8 +33,10 @@ void decode_sonet_sdh(uint8_t *obj, rsvpdump::Out &out) {
                        : rsvp_extract_uni_sonet_sdh_flowspec(obj, &signal_type, &rcc, &ncc, &nvc,
                                                              &multiplier, &transparency);
     if (!ok) return;
-    out.line("SONET/SDH signal type %u RCC 0x%x NCC %u NVC %u MT %u transparency 0x%08x",
-             signal_type, rcc, ncc, nvc, multiplier, transparency);
+    out.line().text("SONET/SDH signal type ").u("signal_type", signal_type);
+    out.text(" RCC ").hex("rcc", rcc).text(" NCC ").u("ncc", ncc).text(" NVC ").u("nvc", nvc);
+    out.text(" MT ").u("multiplier", multiplier);
+    out.text(" transparency ").hex("transparency", transparency, 8);
 }
 
 }  // namespace

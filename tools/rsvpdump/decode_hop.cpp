@@ -7,12 +7,15 @@
 
 namespace {
 
-using rsvpdump::addr;
+void print_neighbor(uint32_t neighbor, uint32_t lih, rsvpdump::Out &out) {
+    out.line().text("hop ").addr("neighbor", neighbor);
+    out.text(" logical interface handle ").u("logical_interface_handle", lih);
+}
 
 void decode_ipv4(uint8_t *obj, rsvpdump::Out &out) {
     uint32_t neighbor = 0, lih = 0;
     if (!rsvp_extract_hop_ipv4(obj, &neighbor, &lih)) return;
-    out.line("hop %s logical interface handle %u", addr(neighbor).c_str(), lih);
+    print_neighbor(neighbor, lih, out);
 }
 
 const char *tlv_name(uint16_t type) {
@@ -35,21 +38,27 @@ void decode_if_id(uint8_t *obj, rsvpdump::Out &out) {
     std::vector<uint8_t> copy(obj, obj + length);
     copy.resize(length + RSVP_HOP_IF_ID_TLV_INDEX_LEN);
     uint8_t *o = copy.data();
-    out.line("hop %s logical interface handle %u", addr(RSVP_HOP_IF_ID_NEIGHBOR(o)).c_str(),
-             RSVP_HOP_IF_ID_LIF_HANDLE(o));
+    print_neighbor(RSVP_HOP_IF_ID_NEIGHBOR(o), RSVP_HOP_IF_ID_LIF_HANDLE(o), out);
+    out.open_list("tlvs");
     for (uint8_t *tlv = rsvp_extract_hop_if_id_next_subobj(o, nullptr); tlv && tlv < o + length;
          tlv = rsvp_extract_hop_if_id_next_subobj(o, tlv)) {
         const uint16_t type = RSVP_HOP_SUBOBJ_GENERIC_TYPE(tlv);
-        const char *past = tlv + RSVP_HOP_SUBOBJ_GENERIC_LENGTH(tlv) > o + length
-                               ? " (runs past the object end)"
-                               : "";
+        const bool past = tlv + RSVP_HOP_SUBOBJ_GENERIC_LENGTH(tlv) > o + length;
         uint32_t address = 0, if_id = 0;
-        if (rsvp_extract_ipv4_subobj(tlv, &address))
-            out.line("TLV %u IPv4 interface address %s%s", type, addr(address).c_str(), past);
-        else if (rsvp_extract_comp_index_fwd_rev_intf_subobj(tlv, &address, &if_id))
-            out.line("TLV %u %s %s interface id %u%s", type, tlv_name(type), addr(address).c_str(),
-                     if_id, past);
+        if (rsvp_extract_ipv4_subobj(tlv, &address)) {
+            out.open_item().line().text("TLV ").u("type", type);
+            out.text(" IPv4 interface address ").addr("address", address);
+        } else if (rsvp_extract_comp_index_fwd_rev_intf_subobj(tlv, &address, &if_id)) {
+            out.open_item().line().text("TLV ").u("type", type).text(" ");
+            out.str("type_name", tlv_name(type)).text(" ").addr("address", address);
+            out.text(" interface id ").u("interface_id", if_id);
+        } else {
+            continue;
+        }
+        out.flag("overrun", past).text(past ? " (runs past the object end)" : "");
+        out.close();
     }
+    out.close();
 }
 
 }  // namespace

@@ -1,9 +1,6 @@
 // SENDER_TSPEC and FLOWSPEC of C-Type 2 (Intserv): the token bucket r/b/p/m/M of each service
 // fragment, the Guaranteed RSpec R and S, and the service by name. The G.709 and SONET/SDH
 // C-Types of the same classes have their own decoders.
-#include <cinttypes>
-#include <string>
-
 #include "decode.hpp"
 #include "rsvp_object_lib.h"
 
@@ -15,24 +12,28 @@ constexpr unsigned kWord = 4;
 constexpr unsigned kPeakOffset = 16;
 constexpr unsigned kValueOffset = 4;
 
-// The peak rate may be +infinity; it is judged on its raw float bits, as the library does.
-std::string peak_text(uint8_t *frag) {
-    const uint32_t bits = RSVP_INTSRV_REAL_OBJECT_VALUE(frag + kPeakOffset - kValueOffset);
-    if (bits == RSVP_INTSRV_INFINITY_BITS) return "infinite";
-    return std::to_string(RSVP_TOKEN_BUCKET_FRAG_PEAK(frag)) + " bytes/s";
+void print_token_bucket(uint8_t *frag, rsvpdump::Out &out) {
+    out.line().text("  token bucket r ").i("rate", RSVP_TOKEN_BUCKET_FRAG_RATE(frag));
+    out.text(" bytes/s, b ").i("depth", RSVP_TOKEN_BUCKET_FRAG_DEPTH(frag)).text(" bytes, p ");
+    // The peak rate may be +infinity; it is judged on its raw float bits, as the library does.
+    if (RSVP_INTSRV_REAL_OBJECT_VALUE(frag + kPeakOffset - kValueOffset) ==
+        RSVP_INTSRV_INFINITY_BITS)
+        out.flag("peak_infinite", true).text("infinite");
+    else
+        out.i("peak", RSVP_TOKEN_BUCKET_FRAG_PEAK(frag)).text(" bytes/s");
+    out.text(", m ").u("min_unit", RSVP_TOKEN_BUCKET_FRAG_MIN_UNIT(frag));
+    out.text(", M ").u("max_unit", RSVP_TOKEN_BUCKET_FRAG_MAX_UNIT(frag));
 }
 
-void print_token_bucket(uint8_t *frag, rsvpdump::Out &out) {
-    out.line("  token bucket r %" PRId64 " bytes/s, b %" PRId64 " bytes, p %s, m %u, M %u",
-             RSVP_TOKEN_BUCKET_FRAG_RATE(frag), RSVP_TOKEN_BUCKET_FRAG_DEPTH(frag),
-             peak_text(frag).c_str(), RSVP_TOKEN_BUCKET_FRAG_MIN_UNIT(frag),
-             RSVP_TOKEN_BUCKET_FRAG_MAX_UNIT(frag));
+void print_service(unsigned service, rsvpdump::Out &out) {
+    out.line().text("service ").u("service", service).text(" ");
+    out.str("service_name", rsvpdump::intserv_service_name(service));
 }
 
 void print_fragment(uint8_t *frag, rsvpdump::Out &out) {
     const unsigned service = RSVP_INTSRV_SERVICE_ID(frag);
-    out.line("service %u %s, %u words", service, rsvpdump::intserv_service_name(service),
-             RSVP_INTSRV_SERVICE_LENGTH(frag));
+    print_service(service, out);
+    out.text(", ").u("words", RSVP_INTSRV_SERVICE_LENGTH(frag)).text(" words");
     switch (service) {
         case RSVP_INTSRV_SERVICE_GENERAL:
         case RSVP_INTSRV_SERVICE_CONTROLLED_LOAD:
@@ -40,11 +41,12 @@ void print_fragment(uint8_t *frag, rsvpdump::Out &out) {
             break;
         case RSVP_INTSRV_SERVICE_GUARANTEED:
             print_token_bucket(frag, out);
-            out.line("  RSpec R %" PRId64 " bytes/s, S %u us", RSVP_FLOWSPEC_RSPEC_REQ_RATE(frag),
-                     RSVP_FLOWSPEC_RSPEC_SLACK(frag));
+            out.line().text("  RSpec R ").i("rspec_rate", RSVP_FLOWSPEC_RSPEC_REQ_RATE(frag));
+            out.text(" bytes/s, S ").u("rspec_slack_us", RSVP_FLOWSPEC_RSPEC_SLACK(frag));
+            out.text(" us");
             break;
         case RSVP_INTSRV_SERVICE_QUALITATIVE:
-            out.line("  M %u", RSVP_TSPEC_QUAL_FRAG_MAX_UNIT(frag));
+            out.line().text("  M ").u("max_unit", RSVP_TSPEC_QUAL_FRAG_MAX_UNIT(frag));
             break;
         default:
             break;
@@ -54,12 +56,16 @@ void print_fragment(uint8_t *frag, rsvpdump::Out &out) {
 // A SENDER_TSPEC may carry several fragments; the validator has walked them already.
 void decode_tspec(uint8_t *obj, rsvpdump::Out &out) {
     unsigned remaining = RSVP_TSPEC_HEADER_LENGTH(obj);
+    out.open_list("fragments");
     for (uint8_t *frag = RSVP_TSPEC_FRAGMENTS_PTR(obj, 0); frag && remaining > 0;) {
+        out.open_item();
         print_fragment(frag, out);
+        out.close();
         const unsigned words = RSVP_INTSRV_SERVICE_LENGTH(frag) + 1u;
         remaining -= words;
         frag += words * kWord;
     }
+    out.close();
 }
 
 // A FLOWSPEC carries one fragment; a qualitative one is accepted unexamined, so only its
@@ -67,8 +73,7 @@ void decode_tspec(uint8_t *obj, rsvpdump::Out &out) {
 void decode_flowspec(uint8_t *obj, rsvpdump::Out &out) {
     uint8_t *frag = RSVP_FLOWSPEC_FRAGMENTS_PTR(obj, 0);
     if (rsvp_get_flow_qos_service(obj) == RSVP_QOS_QUALITATIVE) {
-        out.line("service %u %s", RSVP_INTSRV_SERVICE_QUALITATIVE,
-                 rsvpdump::intserv_service_name(RSVP_INTSRV_SERVICE_QUALITATIVE));
+        print_service(RSVP_INTSRV_SERVICE_QUALITATIVE, out);
         return;
     }
     print_fragment(frag, out);

@@ -1,35 +1,43 @@
 // RECORD_ROUTE: one line per subobject, newest hop first, the way the route is read back:
 // address or router and interface, the protection flags, labels and SRLG lists.
-#include <string>
-
 #include "decode.hpp"
 #include "rsvp_object_lib.h"
 
 namespace {
 
-using rsvpdump::addr;
+struct FlagName {
+    uint8_t bit;
+    const char *key;
+    const char *name;
+};
 
-// " (local protection available, node protection)" for the set bits, "" for none.
-std::string flag_names(uint8_t flags) {
-    static const struct {
-        uint8_t bit;
-        const char *name;
-    } kFlags[] = {{RSVP_RRO_FLAG_LOCAL_PROT_AVAIL, "local protection available"},
-                  {RSVP_RRO_FLAG_LOCAL_PROT_IN_USE, "local protection in use"},
-                  {RSVP_RRO_FLAG_BANDWIDTH_PROT, "bandwidth protection"},
-                  {RSVP_RRO_FLAG_NODE_PROT, "node protection"}};
-    std::string s;
-    for (const auto &f : kFlags)
-        if (flags & f.bit) s += (s.empty() ? " (" : ", ") + std::string(f.name);
-    return s.empty() ? s : s + ")";
+constexpr FlagName kFlags[] = {
+    {RSVP_RRO_FLAG_LOCAL_PROT_AVAIL, "local_protection_available", "local protection available"},
+    {RSVP_RRO_FLAG_LOCAL_PROT_IN_USE, "local_protection_in_use", "local protection in use"},
+    {RSVP_RRO_FLAG_BANDWIDTH_PROT, "bandwidth_protection", "bandwidth protection"},
+    {RSVP_RRO_FLAG_NODE_PROT, "node_protection", "node protection"}};
+
+// " flags 0x09 (local protection available, node protection)": the names of the set bits.
+void print_flags(uint8_t flags, rsvpdump::Out &out) {
+    out.text(" flags ").hex("flags", flags, 2);
+    bool first = true;
+    for (const FlagName &f : kFlags) {
+        if (!(flags & f.bit)) continue;
+        out.text(first ? " (" : ", ").flag(f.key, true).text(f.name);
+        first = false;
+    }
+    if (!first) out.text(")");
 }
 
-// "16 17 18" for a list of host-order values.
-std::string value_list(const uint32_t *values, unsigned count) {
-    std::string s;
-    for (unsigned i = 0; i < count; ++i)
-        s.append(i ? " " : "").append(std::to_string(values[i]));
-    return s.empty() ? "(none)" : s;
+// "16 17 18" for a list of host-order values, "(none)" for an empty one.
+void print_values(const char *key, const uint32_t *values, unsigned count, rsvpdump::Out &out) {
+    out.open_list(key);
+    for (unsigned i = 0; i < count; ++i) {
+        out.open_item().text(i ? " " : "").u("value", values[i]);
+        out.close();
+    }
+    out.close();
+    if (count == 0) out.text("(none)");
 }
 
 void decode_subobject(uint8_t *sub, unsigned hop, rsvpdump::Out &out) {
@@ -37,32 +45,43 @@ void decode_subobject(uint8_t *sub, unsigned hop, rsvpdump::Out &out) {
     uint32_t values[RSVP_RRO_MAX_VALUES] = {};
     uint32_t *values_ptr = values;
     uint8_t prefix_len = 0, flags = 0, c_type = 0, count = 0;
+    out.line().text("hop ").u("index", hop).text(": ");
     if (rsvp_extract_rro_subobject_ipv4(sub, &address, &prefix_len, &flags)) {
-        out.line("hop %u: %s/%u flags 0x%02x%s", hop, addr(address).c_str(), prefix_len, flags,
-                 flag_names(flags).c_str());
+        out.addr("address", address).text("/").u("prefix_length", prefix_len);
+        print_flags(flags, out);
     } else if (rsvp_extract_rro_subobject_unnum(sub, &address, &if_id, &flags)) {
-        out.line("hop %u: unnumbered router id %s interface id %u flags 0x%02x%s", hop,
-                 addr(address).c_str(), if_id, flags, flag_names(flags).c_str());
+        out.text("unnumbered router id ").addr("router_id", address);
+        out.text(" interface id ").u("interface_id", if_id);
+        print_flags(flags, out);
     } else if (rsvp_extract_rro_subobject_label(sub, &values_ptr, &count, &flags, &c_type)) {
-        out.line("hop %u: label%s %s c-type %u flags 0x%02x%s", hop, count == 1 ? "" : "s",
-                 value_list(values, count).c_str(), c_type, flags,
-                 flags & RSVP_RRO_LABEL_FLAG_GLOBAL ? " (global label)" : "");
+        out.text(count == 1 ? "label " : "labels ");
+        print_values("labels", values, count, out);
+        out.text(" c-type ").u("c_type", c_type).text(" flags ").hex("flags", flags, 2);
+        const bool global = (flags & RSVP_RRO_LABEL_FLAG_GLOBAL) != 0;
+        out.flag("global", global).text(global ? " (global label)" : "");
     } else if (rsvp_extract_rro_subobject_srlg(sub, values, &count)) {
-        out.line("hop %u: SRLG %s", hop, value_list(values, count).c_str());
+        out.text("SRLG ");
+        print_values("srlgs", values, count, out);
     } else {
+        const uint8_t type = RSVP_RRO_GENERIC_TYPE(sub);
         const uint8_t length = RSVP_RRO_GENERIC_LENGTH(sub);
-        out.line("hop %u: subobject type %u%s length %u %s", hop, RSVP_RRO_GENERIC_TYPE(sub),
-                 RSVP_RRO_GENERIC_TYPE(sub) == RSVP_RRO_SUBOBJ_IPV6 ? " (IPv6 address)" : "",
-                 length, rsvpdump::hex_bytes(sub, length).c_str());
+        out.text("subobject type ").u("type", type);
+        out.text(type == RSVP_RRO_SUBOBJ_IPV6 ? " (IPv6 address)" : "");
+        out.text(" length ").u("length", length).text(" ").bytes("subobject", sub, length);
     }
 }
 
 void decode_record_route(uint8_t *obj, rsvpdump::Out &out) {
     unsigned hop = 0;
+    out.open_list("hops");
     for (uint8_t *sub = rsvp_extract_rro_next_subobject(obj, nullptr); sub;
-         sub = rsvp_extract_rro_next_subobject(obj, sub))
+         sub = rsvp_extract_rro_next_subobject(obj, sub)) {
+        out.open_item();
         decode_subobject(sub, ++hop, out);
-    if (hop == 0) out.line("empty route");
+        out.close();
+    }
+    out.close();
+    if (hop == 0) out.line().text("empty route");
 }
 
 }  // namespace

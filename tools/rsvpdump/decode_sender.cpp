@@ -6,20 +6,22 @@
 namespace {
 
 void decode_sender(uint8_t *obj, rsvpdump::Out &out) {
-    const std::string sender = rsvpdump::addr(RSVP_TEMPLATE_SOURCE(obj));
+    const uint32_t sender = RSVP_TEMPLATE_SOURCE(obj);
     const unsigned port = RSVP_TEMPLATE_PORT(obj);
     switch (RSVP_OBJECT_C_TYPE(obj)) {
         case RSVP_CTYPE_SENDER_TEMPLATE_IPV4:
-            out.line("source %s port %u", sender.c_str(), port);
+            out.line().text("source ").addr("source", sender).text(" port ").u("port", port);
             break;
         case RSVP_CTYPE_SENDER_TEMPLATE_LSP_TUNNEL_IPV4:
-            out.line("tunnel sender %s LSP ID %u", sender.c_str(), port);
+            out.line().text("tunnel sender ").addr("sender", sender);
+            out.text(" LSP ID ").u("lsp_id", port);
             break;
         case RSVP_CTYPE_SENDER_TEMPLATE_P2MP_LSP_TUNNEL_IPV4:
-            out.line("tunnel sender %s LSP ID %u sub-group originator %s sub-group ID %u",
-                     sender.c_str(), port,
-                     rsvpdump::addr(RSVP_TEMPLATE_P2MP_SG_ORIGIN(obj)).c_str(),
-                     RSVP_TEMPLATE_P2MP_SG_ID(obj));
+            out.line().text("tunnel sender ").addr("sender", sender);
+            out.text(" LSP ID ").u("lsp_id", port);
+            out.text(" sub-group originator ")
+                .addr("sub_group_originator", RSVP_TEMPLATE_P2MP_SG_ORIGIN(obj));
+            out.text(" sub-group ID ").u("sub_group_id", RSVP_TEMPLATE_P2MP_SG_ID(obj));
             break;
     }
 }

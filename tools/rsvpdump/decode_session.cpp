@@ -5,39 +5,44 @@
 
 namespace {
 
-using rsvpdump::addr;
+// " tunnel ID 1 extended tunnel ID 10.0.0.1", shared by the LSP kinds.
+void print_tunnel(uint16_t tunnel_id, uint32_t ext_id, rsvpdump::Out &out) {
+    out.text(" tunnel ID ").u("tunnel_id", tunnel_id);
+    out.text(" extended tunnel ID ").addr("extended_tunnel_id", ext_id);
+}
 
 void decode_ipv4(uint8_t *obj, rsvpdump::Out &out) {
     uint32_t dest = 0;
     uint8_t protocol = 0;
     uint16_t port = 0;
     if (!rsvp_extract_session_ipv4(obj, &dest, &protocol, &port)) return;
-    out.line("destination %s protocol %u port %u flags 0x%02x", addr(dest).c_str(), protocol, port,
-             RSVP_SESSION_FLAGS(obj));
+    out.line().text("destination ").addr("destination", dest);
+    out.text(" protocol ").u("protocol", protocol).text(" port ").u("port", port);
+    out.text(" flags ").hex("flags", RSVP_SESSION_FLAGS(obj), 2);
 }
 
 void decode_lsp_tunnel(uint8_t *obj, rsvpdump::Out &out) {
     uint32_t end_point = 0, ext_id = 0;
     uint16_t tunnel_id = 0;
     if (!rsvp_extract_session_lsp_tunnel_ipv4(obj, &end_point, &tunnel_id, &ext_id)) return;
-    out.line("tunnel end point %s tunnel ID %u extended tunnel ID %s", addr(end_point).c_str(),
-             tunnel_id, addr(ext_id).c_str());
+    out.line().text("tunnel end point ").addr("tunnel_end_point", end_point);
+    print_tunnel(tunnel_id, ext_id, out);
 }
 
 void decode_uni(uint8_t *obj, rsvpdump::Out &out) {
     uint32_t dest = 0, ext_id = 0;
     uint16_t tunnel_id = 0;
     if (!rsvp_extract_session_uni_ipv4(obj, &dest, &tunnel_id, &ext_id)) return;
-    out.line("UNI destination %s tunnel ID %u extended tunnel ID %s", addr(dest).c_str(), tunnel_id,
-             addr(ext_id).c_str());
+    out.line().text("UNI destination ").addr("destination", dest);
+    print_tunnel(tunnel_id, ext_id, out);
 }
 
 void decode_p2mp(uint8_t *obj, rsvpdump::Out &out) {
     uint32_t p2mp_id = 0, ext_id = 0;
     uint16_t tunnel_id = 0;
     if (!rsvp_extract_session_p2mp_lsp_ipv4(obj, &p2mp_id, &tunnel_id, &ext_id)) return;
-    out.line("P2MP ID %u tunnel ID %u extended tunnel ID %s", p2mp_id, tunnel_id,
-             addr(ext_id).c_str());
+    out.line().text("P2MP ID ").u("p2mp_id", p2mp_id);
+    print_tunnel(tunnel_id, ext_id, out);
 }
 
 }  // namespace
