@@ -40,12 +40,10 @@ void exercise(std::span<const Object> objects) {
         uint8_t *obj = o.obj;
         const int valid = rsvp_valid_xro(obj);
         keep(rsvp_xro_subobj_count(obj));
-        // A zero length would repeat a subobject forever, so the walk is bounded by the bytes
-        // it can cover.
-        uint8_t *sub = nullptr;
-        for (unsigned steps = 0; steps <= o.length; ++steps) {
-            sub = rsvp_get_xro_next_sub_hdr(obj, sub);
-            if (!sub) break;
+        // The walker answers a subobject of length 0 with itself, so a caller's walk over an
+        // unchecked object ends there; a valid object has none.
+        for (uint8_t *prev = nullptr, *sub = rsvp_get_xro_next_sub_hdr(obj, nullptr);
+             sub && sub != prev; prev = sub, sub = rsvp_get_xro_next_sub_hdr(obj, sub)) {
             keep(RSVP_XRO_SUB_LEN(sub) + RSVP_XRO_SUB_LBIT(sub) + RSVP_XRO_SUB_TYPE(sub));
             if (valid) extract(sub);
         }
