@@ -19,6 +19,8 @@ using namespace rsvp_fuzz;
 constexpr size_t kFlowGetterReach = 48;
 // The P2MP sender accessors read to offset 20 of their own classes, past a shorter valid one.
 constexpr size_t kP2mpReach = 20;
+// The accessors that do not validate read or write fixed offsets below 12.
+constexpr size_t kUncheckedReach = 12;
 constexpr size_t kParamLen = 8;  // a single-word Intserv parameter
 constexpr size_t kNameLen = 16;
 
@@ -72,6 +74,56 @@ void accessors(const Object &o) {
     RSVP_FILTER_SET_SOURCE(p, v);
     RSVP_FILTER_SET_P2MP_SG_ORIGIN(p, v);
     RSVP_ADSPEC_HDR_SET_LENGTH(p, static_cast<uint16_t>(v));
+    keep(uint64_t{RSVP_LABEL_LENGTH(p)} + RSVP_LABEL_TOP_LABEL(p) +
+         RSVP_SESSION_ATTRIBUTE_FLAGS(p) + RSVP_PROTECTION_S(p) + RSVP_PROTECTION_P(p) +
+         RSVP_PROTECTION_N(p) + RSVP_PROTECTION_O(p) + RSVP_PROTECTION_LSP_FLAGS(p) +
+         RSVP_PROTECTION_LINK_FLAGS(p) + RSVP_PROTECTION_I(p) + RSVP_PROTECTION_R(p) +
+         RSVP_PROTECTION_SEG_FLAGS(p) + RSVP_PVT_PROTECTION_S(p) + RSVP_PVT_PROTECTION_P(p) +
+         RSVP_PVT_PROTECTION_N(p) + RSVP_PVT_PROTECTION_O(p) + RSVP_PVT_PROTECTION_LSP_FLAGS(p) +
+         RSVP_PVT_PROTECTION_LINK_FLAGS(p) + RSVP_PVT_PROTECTION_I(p) + RSVP_PVT_PROTECTION_R(p) +
+         RSVP_PVT_PROTECTION_SEG_FLAGS(p) + RSVP_MESSAGE_ID_FLAGS(p) + RSVP_MESSAGE_ID_EPOCH(p) +
+         RSVP_MESSAGE_ID_MSGID(p) + RSVP_MESSAGE_ID_LIST_FLAGS(p) + RSVP_MESSAGE_ID_LIST_EPOCH(p) +
+         RSVP_S2L_SUB_LSP_DESTINATION(p));
+    // On a list the index is the caller's to bound; on any other class any index is safe.
+    constexpr uint32_t kListIdsOffset = 8;
+    if (o.class_num != RSVP_CLASS_MESSAGE_ID_LIST)
+        keep(RSVP_MESSAGE_ID_LIST_MSGID(p, v));
+    else if (o.length > kListIdsOffset)
+        keep(RSVP_MESSAGE_ID_LIST_MSGID(p, v % ((o.length - kListIdsOffset) / 4)));
+    keep(RSVP_SUB_GUA_SUBOBJ_PTR(p));
+    const auto f = static_cast<uint8_t>(v);
+    RSVP_SESSION_ATTRIBUTE_SET_FLAGS(p, f);
+    RSVP_PROTECTION_SET_S(p, f & 1);
+    RSVP_PROTECTION_SET_P(p, f & 2);
+    RSVP_PROTECTION_SET_N(p, f & 4);
+    RSVP_PROTECTION_SET_O(p, f & 8);
+    RSVP_PROTECTION_SET_LSP_FLAGS(p, f);
+    RSVP_PROTECTION_SET_LINK_FLAGS(p, f);
+    RSVP_PROTECTION_SET_I(p, f & 16);
+    RSVP_PROTECTION_SET_R(p, f & 32);
+    RSVP_PROTECTION_SET_SEG_FLAGS(p, f);
+    RSVP_PVT_PROTECTION_SET_S(p, f & 1);
+    RSVP_PVT_PROTECTION_SET_P(p, f & 2);
+    RSVP_PVT_PROTECTION_SET_N(p, f & 4);
+    RSVP_PVT_PROTECTION_SET_O(p, f & 8);
+    RSVP_PVT_PROTECTION_SET_LSP_FLAGS(p, f);
+    RSVP_PVT_PROTECTION_SET_LINK_FLAGS(p, f);
+    RSVP_PVT_PROTECTION_SET_I(p, f & 16);
+    RSVP_PVT_PROTECTION_SET_R(p, f & 32);
+    RSVP_PVT_PROTECTION_SET_SEG_FLAGS(p, f);
+}
+
+// The accessors that act on any object without validating it, on every object (their fixed
+// reach padded with zeros behind a shorter one).
+void unchecked(const Object &o) {
+    Scratch s = scratch_copy(o, o.length < kUncheckedReach ? kUncheckedReach - o.length : 0);
+    uint8_t *p = s.data();
+    keep(uint64_t{RSVP_FLOWSPEC_HEADER_VERSION(p)} + RSVP_FLOWSPEC_HEADER_LENGTH(p) +
+         RSVP_SBM_LAN_NHOP_L3_IPV4_ADDR(p) + RSVP_SBM_DSBM_IPV4_ADDR(p) +
+         RSVP_SBM_LAN_LOOPBACK_IPV4_ADDR(p) + RSVP_OBJECT_C_TYPE(p));
+    keep(RSVP_FLOWSPEC_FRAGMENTS_PTR(p, o.length));
+    RSVP_HOP_IF_ID_SET_NEIGHBOR(p, word_at(o, RSVP_OBJ_HDR_LEN));
+    RSVP_SET_OBJECT_LENGTH(p, o.length);
 }
 
 void flow_getters(const Object &o) {
@@ -147,6 +199,7 @@ void platform(const Object &o) {
 void exercise(std::span<const Object> objects) {
     for (const Object &o : objects) {
         if (o.verdict == RSVP_OBJECT_VALID) accessors(o);
+        unchecked(o);
         keep(rsvp_valid_error_ipv4(o.obj));
         flow_getters(o);
         framework(o);
