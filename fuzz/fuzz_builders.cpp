@@ -29,10 +29,8 @@ struct Args {
 
 Args args_of(const Object &o) {
     Args a;
-    for (size_t i = 0; i < kArgWords; ++i) {
-        const size_t at = RSVP_OBJ_HDR_LEN + 4 * i;
-        if (at + 4 <= o.length) std::memcpy(&a.w[i], o.obj + at, 4);
-    }
+    for (size_t i = 0; i < kArgWords; ++i)
+        a.w[i] = body_word(o, i);
     return a;
 }
 

@@ -28,19 +28,12 @@ void require(bool ok) {
     if (!ok) std::abort();
 }
 
-// The input's word at a byte offset of the object, 0 past its end.
-uint32_t word_at(const Object &o, size_t at) {
-    uint32_t w = 0;
-    if (at + sizeof w <= o.length) std::memcpy(&w, o.obj + at, sizeof w);
-    return w;
-}
-
 void accessors(const Object &o) {
     const bool sender =
         o.class_num == RSVP_CLASS_FILTER_SPEC || o.class_num == RSVP_CLASS_SENDER_TEMPLATE;
     Scratch s = scratch_copy(o, sender && o.length < kP2mpReach ? kP2mpReach - o.length : 0);
     uint8_t *p = s.data();
-    const uint32_t v = word_at(o, RSVP_OBJ_HDR_LEN);
+    const uint32_t v = body_word(o, 0);
     keep(uint64_t{RSVP_HOP_IPV4_NEIGHBOR(p)} + RSVP_HOP_NEIGHBOR(p) + RSVP_HOP_IPV4_LIF_HANDLE(p) +
          RSVP_HOP_LIF_HANDLE(p) + RSVP_HOP_IF_ID_NEIGHBOR(p) + RSVP_HOP_IF_ID_LIF_HANDLE(p) +
          RSVP_REFRESH_TIME(p) + RSVP_CONFIRM_ADDR(p) + RSVP_SCOPE_IPV4_ADDR(p, 0) +
@@ -122,7 +115,7 @@ void unchecked(const Object &o) {
          RSVP_SBM_LAN_NHOP_L3_IPV4_ADDR(p) + RSVP_SBM_DSBM_IPV4_ADDR(p) +
          RSVP_SBM_LAN_LOOPBACK_IPV4_ADDR(p) + RSVP_OBJECT_C_TYPE(p));
     keep(RSVP_FLOWSPEC_FRAGMENTS_PTR(p, o.length));
-    RSVP_HOP_IF_ID_SET_NEIGHBOR(p, word_at(o, RSVP_OBJ_HDR_LEN));
+    RSVP_HOP_IF_ID_SET_NEIGHBOR(p, body_word(o, 0));
     RSVP_SET_OBJECT_LENGTH(p, o.length);
 }
 
@@ -140,7 +133,7 @@ void flow_getters(const Object &o) {
 // Header writers on a copy, read back; the words of the object through both array copies.
 void framework(const Object &o) {
     Scratch s = scratch_copy(o);
-    const auto class_num = static_cast<uint8_t>(word_at(o, RSVP_OBJ_HDR_LEN));
+    const auto class_num = static_cast<uint8_t>(body_word(o, 0));
     RSVP_OBJECT_SET_CLASS(s.data(), class_num);
     RSVP_OBJECT_SET_C_TYPE(s.data(), o.c_type);
     require(RSVP_OBJECT_CLASS(s.data()) == class_num && RSVP_OBJECT_LENGTH(s.data()) == o.length);
@@ -167,7 +160,7 @@ void intserv_param(const Object &o) {
         require(RSVP_INTSRV_INTEGER_VAL(param) == RSVP_INTSRV_INTEGER_OBJECT_VALUE(param));
         keep(RSVP_INTSRV_REAL_OBJECT_VALUE(param));
     }
-    const uint32_t bits = word_at(o, RSVP_OBJ_HDR_LEN);
+    const uint32_t bits = body_word(o, 0);
     const auto id = static_cast<uint8_t>(o.c_type);
     uint8_t param[kParamLen] = {};
     rsvp_build_intsrv_real_object(param, id, bits);
@@ -181,7 +174,7 @@ void intserv_param(const Object &o) {
 // The platform helpers: the Intserv number conversions both ways (an integer that a float holds
 // exactly comes back unchanged), the dotted quad, the bounded copy.
 void platform(const Object &o) {
-    const uint32_t w = word_at(o, RSVP_OBJ_HDR_LEN);
+    const uint32_t w = body_word(o, 0);
     const int64_t n = ieee_to_int64(w);
     keep(int64_to_ieee(n));
     const int64_t small = static_cast<int16_t>(w);

@@ -127,6 +127,15 @@ inline Reach reach(const Object &o) {
     return Reach{std::move(s), p};
 }
 
+// The i-th 32-bit word of the object's body as it lies in memory, 0 past its end: arguments for
+// builders and add functions drawn from the input.
+inline uint32_t body_word(const Object &o, size_t i) {
+    uint32_t w = 0;
+    const size_t at = RSVP_OBJ_HDR_LEN + sizeof w * i;
+    if (at + sizeof w <= o.length) std::memcpy(&w, o.obj + at, sizeof w);
+    return w;
+}
+
 // Keeps a result alive so the call is not optimised away.
 template <typename T>
 inline void keep(const T &v) {
