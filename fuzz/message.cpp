@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
+#include <iterator>
 #include <memory>
 
 #include "fuzz_registry.hpp"
@@ -139,6 +140,56 @@ std::vector<std::vector<uint8_t>> read_hex_messages(const std::string &path) {
         for (size_t i = 0; i < digits.size(); i += 2)
             m.push_back(static_cast<uint8_t>(std::stoul(digits.substr(i, 2), nullptr, 16)));
         out.push_back(std::move(m));
+    }
+    return out;
+}
+
+namespace {
+
+constexpr uint32_t kCaptureMagic = 0xa1b2c3d4, kCaptureMagicNs = 0xa1b23c4d;
+constexpr size_t kCaptureHdrLen = 24, kRecordHdrLen = 16, kRecordLenAt = 8;
+constexpr size_t kLinkReach = 64;  // the link headers met in captures are shorter
+constexpr uint8_t kIpv4 = 4, kIpProtoRsvp = 46;
+constexpr size_t kIpMinHdrLen = 20, kIpTotalLenAt = 2, kIpProtoAt = 9;
+
+uint32_t load32(const uint8_t *p, bool swap) {
+    uint32_t v;
+    std::memcpy(&v, p, sizeof v);
+    return swap ? __builtin_bswap32(v) : v;
+}
+
+// The RSVP payload of the first IPv4 header of protocol 46 near the start of a packet.
+void take_rsvp(const uint8_t *pkt, size_t len, std::vector<std::vector<uint8_t>> &out) {
+    for (size_t at = 0; at < kLinkReach && at + kIpMinHdrLen <= len; ++at) {
+        const uint8_t *ip = pkt + at;
+        const size_t hdr_len = size_t{ip[0] & 0x0Fu} * 4;
+        const size_t total = size_t{ip[kIpTotalLenAt]} << 8 | ip[kIpTotalLenAt + 1];
+        if (ip[0] >> 4 != kIpv4 || hdr_len < kIpMinHdrLen || ip[kIpProtoAt] != kIpProtoRsvp ||
+            total <= hdr_len || at + total > len)
+            continue;
+        out.emplace_back(ip + hdr_len, ip + total);
+        return;
+    }
+}
+
+}  // namespace
+
+std::vector<std::vector<uint8_t>> read_capture_messages(const std::string &path) {
+    std::vector<std::vector<uint8_t>> out;
+    std::ifstream in(path, std::ios::binary);
+    const std::vector<uint8_t> f((std::istreambuf_iterator<char>(in)),
+                                 std::istreambuf_iterator<char>());
+    if (f.size() < kCaptureHdrLen) return out;
+    const uint32_t magic = load32(f.data(), false);
+    const bool swap = magic != kCaptureMagic && magic != kCaptureMagicNs;
+    const uint32_t swapped = load32(f.data(), true);
+    if (swap && swapped != kCaptureMagic && swapped != kCaptureMagicNs) return out;
+    for (size_t at = kCaptureHdrLen; at + kRecordHdrLen <= f.size();) {
+        const size_t caplen = load32(f.data() + at + kRecordLenAt, swap);
+        at += kRecordHdrLen;
+        if (caplen > f.size() - at) break;
+        take_rsvp(f.data() + at, caplen, out);
+        at += caplen;
     }
     return out;
 }

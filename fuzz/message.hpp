@@ -17,5 +17,8 @@ std::vector<std::vector<uint8_t>> message_seeds();
 // The messages of a sample file: one per line as hex, '#' starts a comment; lines that are not
 // hex are skipped.
 std::vector<std::vector<uint8_t>> read_hex_messages(const std::string &path);
+// The RSVP datagrams of a classic capture file (either byte order, any link type): in each
+// packet, the payload of the first IPv4 header of protocol 46 within the link header's reach.
+std::vector<std::vector<uint8_t>> read_capture_messages(const std::string &path);
 
 }  // namespace rsvp_fuzz

@@ -1,6 +1,7 @@
-// Replays the seeds of the message entry, the messages of the sample files (*.hex) and every
-// other file or directory named on the command line; with --write-seeds DIR [SAMPLE.hex...]
-// it writes the seeds and the sample messages for the libFuzzer target instead.
+// Replays the seeds of the message entry, the messages of the sample files (*.hex) and of
+// capture files (*.pcap), and every other file or directory named on the command line; with
+// --write-seeds DIR [SAMPLE...] it writes the seeds and the sample messages for the libFuzzer
+// target instead. A directory of samples or captures is searched recursively.
 #include <cstring>
 #include <string>
 #include <vector>
@@ -10,27 +11,37 @@
 
 namespace {
 
-bool is_hex_sample(const std::string &path) {
-    return path.size() > 4 && path.compare(path.size() - 4, 4, ".hex") == 0;
+bool ends_with(const std::string &path, const std::string &suffix) {
+    return path.size() > suffix.size() &&
+           path.compare(path.size() - suffix.size(), suffix.size(), suffix) == 0;
 }
 
-// The seeds plus the sample messages of the *.hex paths (a directory yields its *.hex files);
-// other paths stay in args.
+bool is_sample(const std::string &path) {
+    return ends_with(path, ".hex") || ends_with(path, ".pcap");
+}
+
+std::vector<std::vector<uint8_t>> read_sample(const std::string &path) {
+    return ends_with(path, ".hex") ? rsvp_fuzz::read_hex_messages(path)
+                                   : rsvp_fuzz::read_capture_messages(path);
+}
+
+// The seeds plus the messages of the sample and capture paths (a directory yields those it
+// holds); other paths stay in args.
 std::vector<std::vector<uint8_t>> seeds_and_samples(std::vector<char *> &args) {
     std::vector<std::vector<uint8_t>> seeds = rsvp_fuzz::message_seeds();
     std::vector<char *> rest;
     for (char *arg : args) {
         std::vector<std::string> samples;
         if (std::filesystem::is_directory(arg)) {
-            for (const auto &e : std::filesystem::directory_iterator(arg))
-                if (is_hex_sample(e.path().string())) samples.push_back(e.path().string());
-        } else if (is_hex_sample(arg)) {
+            for (const auto &e : std::filesystem::recursive_directory_iterator(arg))
+                if (is_sample(e.path().string())) samples.push_back(e.path().string());
+        } else if (is_sample(arg)) {
             samples.push_back(arg);
         }
         if (samples.empty()) rest.push_back(arg);
         std::sort(samples.begin(), samples.end());
         for (const std::string &s : samples)
-            for (std::vector<uint8_t> &m : rsvp_fuzz::read_hex_messages(s))
+            for (std::vector<uint8_t> &m : read_sample(s))
                 seeds.push_back(std::move(m));
     }
     args = rest;
