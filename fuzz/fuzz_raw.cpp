@@ -181,8 +181,8 @@ void platform(const Object &o) {
     require(ieee_to_int64(int64_to_ieee(small)) == small);
     keep(inet_ntoa_r(w));
     char name[kNameLen + 1] = {};
-    const size_t n_chars =
-        o.length - RSVP_OBJ_HDR_LEN < kNameLen ? o.length - RSVP_OBJ_HDR_LEN : kNameLen;
+    const size_t body = size_t{o.length} - RSVP_OBJ_HDR_LEN;
+    const size_t n_chars = body < kNameLen ? body : kNameLen;
     std::memcpy(name, o.obj + RSVP_OBJ_HDR_LEN, n_chars);
     char out[kNameLen / 2];
     require(sstrncpy(out, name, sizeof out) == out && std::strlen(out) < sizeof out);
