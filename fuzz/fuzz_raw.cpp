@@ -6,6 +6,7 @@
 // fed with the object's words.
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 
 #include "fuzz_registry.hpp"
 #include "rsvp_object_lib.h"
@@ -46,7 +47,16 @@ void accessors(const Object &o) {
          RSVP_FILTER_P2MP_SG_ID(p) + RSVP_INTEGRITY_DIGEST_LEN(p) + RSVP_TSPEC_HEADER_VERSION(p) +
          RSVP_TSPEC_HEADER_LENGTH(p) + RSVP_ADSPEC_HDR_VERSION(p) + RSVP_ADSPEC_HDR_LENGTH(p) +
          RSVP_ADSPEC_NUMBER_IS_HOPS_VAL(p) + RSVP_ADSPEC_BANDWIDTH_VAL(p) +
-         RSVP_ADSPEC_LATENCY_VAL(p));
+         RSVP_ADSPEC_LATENCY_VAL(p) + RSVP_LABEL_LENGTH(p) + RSVP_LABEL_TOP_LABEL(p) +
+         RSVP_SESSION_ATTRIBUTE_FLAGS(p) + RSVP_PROTECTION_S(p) + RSVP_PROTECTION_P(p) +
+         RSVP_PROTECTION_N(p) + RSVP_PROTECTION_O(p) + RSVP_PROTECTION_LSP_FLAGS(p) +
+         RSVP_PROTECTION_LINK_FLAGS(p) + RSVP_PROTECTION_I(p) + RSVP_PROTECTION_R(p) +
+         RSVP_PROTECTION_SEG_FLAGS(p) + RSVP_PVT_PROTECTION_S(p) + RSVP_PVT_PROTECTION_P(p) +
+         RSVP_PVT_PROTECTION_N(p) + RSVP_PVT_PROTECTION_O(p) + RSVP_PVT_PROTECTION_LSP_FLAGS(p) +
+         RSVP_PVT_PROTECTION_LINK_FLAGS(p) + RSVP_PVT_PROTECTION_I(p) + RSVP_PVT_PROTECTION_R(p) +
+         RSVP_PVT_PROTECTION_SEG_FLAGS(p) + RSVP_MESSAGE_ID_FLAGS(p) + RSVP_MESSAGE_ID_EPOCH(p) +
+         RSVP_MESSAGE_ID_MSGID(p) + RSVP_MESSAGE_ID_LIST_FLAGS(p) + RSVP_MESSAGE_ID_LIST_EPOCH(p) +
+         RSVP_S2L_SUB_LSP_DESTINATION(p));
     keep(RSVP_HOP_IF_ID_SUBOBJ_PTR(p));
     keep(RSVP_INTEGRITY_DIGEST_PTR(p));
     keep(RSVP_CHALLENGE_KEY_ID_PTR(p));
@@ -67,16 +77,6 @@ void accessors(const Object &o) {
     RSVP_FILTER_SET_SOURCE(p, v);
     RSVP_FILTER_SET_P2MP_SG_ORIGIN(p, v);
     RSVP_ADSPEC_HDR_SET_LENGTH(p, static_cast<uint16_t>(v));
-    keep(uint64_t{RSVP_LABEL_LENGTH(p)} + RSVP_LABEL_TOP_LABEL(p) +
-         RSVP_SESSION_ATTRIBUTE_FLAGS(p) + RSVP_PROTECTION_S(p) + RSVP_PROTECTION_P(p) +
-         RSVP_PROTECTION_N(p) + RSVP_PROTECTION_O(p) + RSVP_PROTECTION_LSP_FLAGS(p) +
-         RSVP_PROTECTION_LINK_FLAGS(p) + RSVP_PROTECTION_I(p) + RSVP_PROTECTION_R(p) +
-         RSVP_PROTECTION_SEG_FLAGS(p) + RSVP_PVT_PROTECTION_S(p) + RSVP_PVT_PROTECTION_P(p) +
-         RSVP_PVT_PROTECTION_N(p) + RSVP_PVT_PROTECTION_O(p) + RSVP_PVT_PROTECTION_LSP_FLAGS(p) +
-         RSVP_PVT_PROTECTION_LINK_FLAGS(p) + RSVP_PVT_PROTECTION_I(p) + RSVP_PVT_PROTECTION_R(p) +
-         RSVP_PVT_PROTECTION_SEG_FLAGS(p) + RSVP_MESSAGE_ID_FLAGS(p) + RSVP_MESSAGE_ID_EPOCH(p) +
-         RSVP_MESSAGE_ID_MSGID(p) + RSVP_MESSAGE_ID_LIST_FLAGS(p) + RSVP_MESSAGE_ID_LIST_EPOCH(p) +
-         RSVP_S2L_SUB_LSP_DESTINATION(p));
     // On a list the index is the caller's to bound; on any other class any index is safe.
     constexpr uint32_t kListIdsOffset = 8;
     if (o.class_num != RSVP_CLASS_MESSAGE_ID_LIST)
@@ -84,26 +84,23 @@ void accessors(const Object &o) {
     else if (o.length > kListIdsOffset)
         keep(RSVP_MESSAGE_ID_LIST_MSGID(p, v % ((o.length - kListIdsOffset) / 4)));
     keep(RSVP_SUB_GUA_SUBOBJ_PTR(p));
-    const auto f = static_cast<uint8_t>(v);
-    RSVP_SESSION_ATTRIBUTE_SET_FLAGS(p, f);
-    RSVP_PROTECTION_SET_S(p, f & 1);
-    RSVP_PROTECTION_SET_P(p, f & 2);
-    RSVP_PROTECTION_SET_N(p, f & 4);
-    RSVP_PROTECTION_SET_O(p, f & 8);
-    RSVP_PROTECTION_SET_LSP_FLAGS(p, f);
-    RSVP_PROTECTION_SET_LINK_FLAGS(p, f);
-    RSVP_PROTECTION_SET_I(p, f & 16);
-    RSVP_PROTECTION_SET_R(p, f & 32);
-    RSVP_PROTECTION_SET_SEG_FLAGS(p, f);
-    RSVP_PVT_PROTECTION_SET_S(p, f & 1);
-    RSVP_PVT_PROTECTION_SET_P(p, f & 2);
-    RSVP_PVT_PROTECTION_SET_N(p, f & 4);
-    RSVP_PVT_PROTECTION_SET_O(p, f & 8);
-    RSVP_PVT_PROTECTION_SET_LSP_FLAGS(p, f);
-    RSVP_PVT_PROTECTION_SET_LINK_FLAGS(p, f);
-    RSVP_PVT_PROTECTION_SET_I(p, f & 16);
-    RSVP_PVT_PROTECTION_SET_R(p, f & 32);
-    RSVP_PVT_PROTECTION_SET_SEG_FLAGS(p, f);
+    using FlagSetter = void (*)(uint8_t *, int);
+    using ByteSetter = void (*)(uint8_t *, uint8_t);
+    static constexpr FlagSetter kFlagSetters[] = {
+        RSVP_PROTECTION_SET_S,     RSVP_PROTECTION_SET_P,     RSVP_PROTECTION_SET_N,
+        RSVP_PROTECTION_SET_O,     RSVP_PROTECTION_SET_I,     RSVP_PROTECTION_SET_R,
+        RSVP_PVT_PROTECTION_SET_S, RSVP_PVT_PROTECTION_SET_P, RSVP_PVT_PROTECTION_SET_N,
+        RSVP_PVT_PROTECTION_SET_O, RSVP_PVT_PROTECTION_SET_I, RSVP_PVT_PROTECTION_SET_R};
+    static constexpr ByteSetter kByteSetters[] = {
+        RSVP_SESSION_ATTRIBUTE_SET_FLAGS,  RSVP_PROTECTION_SET_LSP_FLAGS,
+        RSVP_PROTECTION_SET_LINK_FLAGS,    RSVP_PROTECTION_SET_SEG_FLAGS,
+        RSVP_PVT_PROTECTION_SET_LSP_FLAGS, RSVP_PVT_PROTECTION_SET_LINK_FLAGS,
+        RSVP_PVT_PROTECTION_SET_SEG_FLAGS};
+    // Each single-bit setter gets its own bit of the input's word.
+    for (size_t i = 0; i < std::size(kFlagSetters); ++i)
+        kFlagSetters[i](p, static_cast<int>(v >> i & 1));
+    for (ByteSetter fn : kByteSetters)
+        fn(p, static_cast<uint8_t>(v));
 }
 
 // The accessors that act on any object without validating it, on every object (their fixed
