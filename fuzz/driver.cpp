@@ -45,16 +45,12 @@ void run_one(const uint8_t *data, size_t size) {
     std::vector<std::unique_ptr<uint8_t[]>> owned;
     std::vector<Object> objects;
     auto take = [&](uint8_t *obj) {
-        const uint16_t length = RSVP_OBJECT_LENGTH(obj);
-        // Zeroed room for the validators that read past an object on purpose; every other
-        // object stays exact-size.
-        const size_t slack = deliberate_read_room(obj, length);
-        owned.push_back(std::make_unique<uint8_t[]>(length + slack));
+        size_t room = 0;
+        owned.push_back(copy_with_room(obj, run.get() + run_len, room));
         uint8_t *copy = owned.back().get();
-        std::memcpy(copy, obj, length);
-        objects.push_back(Object{copy, length, static_cast<uint8_t>(RSVP_OBJECT_CLASS(copy)),
-                                 static_cast<uint8_t>(RSVP_OBJECT_C_TYPE(copy)),
-                                 rsvp_valid_object(copy)});
+        objects.push_back(
+            Object{copy, RSVP_OBJECT_LENGTH(copy), static_cast<uint8_t>(RSVP_OBJECT_CLASS(copy)),
+                   static_cast<uint8_t>(RSVP_OBJECT_C_TYPE(copy)), rsvp_valid_object(copy), room});
     };
 
     // The walk never returns its starting object, so the first one is taken by hand when its
@@ -69,8 +65,12 @@ void run_one(const uint8_t *data, size_t size) {
          obj = rsvp_next_nonnull_object(obj, &remaining))
         take(obj);
 
-    // Searches over the whole run, for every class present and for pairs of them.
+    // Searches over the whole run, once for every class present (not per object, so that a
+    // run of many objects costs linear time), and behind the first object's class.
+    bool searched[UINT8_MAX + 1] = {};
     for (const Object &o : objects) {
+        if (searched[o.class_num]) continue;
+        searched[o.class_num] = true;
         keep(rsvp_first_object_type(run.get(), run_len, o.class_num));
         keep(rsvp_first_object_type_ordered(run.get(), run_len, objects.front().class_num,
                                             o.class_num));

@@ -40,23 +40,25 @@ void exercise(std::span<const Object> objects) {
         uint8_t *obj = o.obj;
         const int valid = rsvp_valid_xro(obj);
         keep(rsvp_xro_subobj_count(obj));
-        // A zero length would repeat a subobject forever, so the walk is bounded by the bytes
-        // it can cover.
-        uint8_t *sub = nullptr;
-        for (unsigned steps = 0; steps <= o.length; ++steps) {
-            sub = rsvp_get_xro_next_sub_hdr(obj, sub);
-            if (!sub) break;
+        // The walker answers a subobject of length 0 with itself, so a caller's walk over an
+        // unchecked object ends there; a valid object has none.
+        for (uint8_t *prev = nullptr, *sub = rsvp_get_xro_next_sub_hdr(obj, nullptr);
+             sub && sub != prev; prev = sub, sub = rsvp_get_xro_next_sub_hdr(obj, sub)) {
             keep(RSVP_XRO_SUB_LEN(sub) + RSVP_XRO_SUB_LBIT(sub) + RSVP_XRO_SUB_TYPE(sub));
             if (valid) extract(sub);
         }
+        // Arguments from the object's own words.
+        const uint32_t w0 = body_word(o, 0), w1 = body_word(o, 1), w2 = body_word(o, 2);
+        const auto b0 = static_cast<uint8_t>(w0), b1 = static_cast<uint8_t>(w1);
         Scratch s = scratch_copy(o, RSVP_XRO_SUBOBJ_LSP_LEN);
-        keep(rsvp_add_xro_ipv4_subobj(s.data(), 1, 0x0100000a, 24, 1));
+        keep(rsvp_add_xro_ipv4_subobj(s.data(), b0 & 1, w1, b0, b1));
         Scratch u = scratch_copy(o, RSVP_XRO_SUBOBJ_LSP_LEN);
-        keep(rsvp_add_xro_unnum_ifid_subobj(u.data(), 0, 2, 0x0100000a, 7));
+        keep(rsvp_add_xro_unnum_ifid_subobj(u.data(), b1 & 1, b0, w1, w2));
         Scratch g = scratch_copy(o, RSVP_XRO_SUBOBJ_LSP_LEN);
-        keep(rsvp_add_xro_srlg_subobj(g.data(), 1, 300));
+        keep(rsvp_add_xro_srlg_subobj(g.data(), b0 & 1, w2));
         Scratch l = scratch_copy(o, RSVP_XRO_SUBOBJ_LSP_LEN);
-        keep(rsvp_add_xro_lsp_subobj(l.data(), 0, 1, 3, 2, 4, 0x0100000a, 0x0700000a, 0x0100000a));
+        keep(rsvp_add_xro_lsp_subobj(l.data(), b1 & 1, b0, b1, static_cast<uint16_t>(w0),
+                                     static_cast<uint16_t>(w1), w0, w1, w2));
         keep(rsvp_valid_xro(l.data()));
     }
 }

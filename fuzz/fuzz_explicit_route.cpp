@@ -46,11 +46,14 @@ void exercise_valid(const Object &o) {
         RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX_LEN(prev, 24);
     }
 
+    // Arguments from the object's own words.
+    const uint32_t w0 = body_word(o, 0), w1 = body_word(o, 1);
+    const auto b0 = static_cast<uint8_t>(w0);
     Scratch v4 = scratch_copy(o, kAppendRoom);
-    keep(rsvp_add_explicit_route_ipv4(v4.data(), 1, 0x0100000a, 32));
+    keep(rsvp_add_explicit_route_ipv4(v4.data(), b0 & 1, w1, b0));
     Scratch un = scratch_copy(o, kAppendRoom);
-    keep(rsvp_add_explicit_route_unnum(un.data(), 0, 0x0100000a, 7));
-    keep(rsvp_add_explicit_route_unnum(un.data(), 1, 0x0100000a, 7));
+    keep(rsvp_add_explicit_route_unnum(un.data(), 0, w0, w1));
+    keep(rsvp_add_explicit_route_unnum(un.data(), 1, w1, w0));
 }
 
 void exercise(std::span<const Object> objects) {

@@ -40,10 +40,10 @@ void exercise_tlvs(const Object &o) {
     if (tiled != o.length) return;
     Scratch grow = scratch_copy(o, 4 * RSVP_HOP_IF_ID_TLV_INDEX_LEN + RSVP_HOP_IF_ID_TLV_IPV4_LEN);
     uint8_t *g = grow.data();
-    const int added = rsvp_add_ipv4_intf(g, 0x0100000a) + rsvp_add_ipv4_fwd_intf(g, 0x0200000a) +
-                      rsvp_add_index_fwd_intf(g, 0x0300000a, 1) +
-                      rsvp_add_index_rev_intf(g, 0x0400000a, 2) +
-                      rsvp_add_index_fwd_rev_intf(g, 0x0500000a, 3);
+    const uint32_t w0 = body_word(o, 0), w1 = body_word(o, 1), w2 = body_word(o, 2);
+    const int added = rsvp_add_ipv4_intf(g, w0) + rsvp_add_ipv4_fwd_intf(g, w1) +
+                      rsvp_add_index_fwd_intf(g, w0, w1) + rsvp_add_index_rev_intf(g, w1, w2) +
+                      rsvp_add_index_fwd_rev_intf(g, w2, w0);
     // Whatever was added keeps the object valid.
     if (added && !rsvp_valid_hop_if_id(g)) std::abort();
 }

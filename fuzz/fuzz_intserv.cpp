@@ -85,23 +85,28 @@ void exercise(std::span<const Object> objects) {
                 flowspecs.push_back(scratch_copy(o));
         }
     }
-    for (Scratch &a : flowspecs) {
-        for (Scratch &b : flowspecs) {
-            keep(rsvp_compare_flowspecs(a.data(), b.data()));
+    // Each flowspec with itself and its successor, each tspec with one flowspec: pairs in
+    // linear number, so that a 64 KB run of flowspecs stays quick.
+    const size_t n = flowspecs.size();
+    for (size_t i = 0; i < n; ++i) {
+        Scratch &a = flowspecs[i];
+        for (Scratch *b : {&a, &flowspecs[(i + 1) % n]}) {
+            keep(rsvp_compare_flowspecs(a.data(), b->data()));
             // The target gets room for the largest merge result.
             Scratch target{std::make_unique<uint8_t[]>(a.size + RSVP_FLOWSPEC_MAX_LEN),
                            a.size + RSVP_FLOWSPEC_MAX_LEN};
             std::memcpy(target.data(), a.data(), a.size);
-            keep(rsvp_merge_flowspecs(b.data(), target.data()));
+            keep(rsvp_merge_flowspecs(b->data(), target.data()));
             keep(rsvp_merge_flowspecs(target.data(), target.data()));
         }
-        for (Scratch &t : tspecs) {
-            keep(rsvp_compare_tspec_with_flowspec(t.data(), a.data()));
-            Scratch copy{std::make_unique<uint8_t[]>(a.size), a.size};
-            std::memcpy(copy.data(), a.data(), a.size);
-            keep(rsvp_copy_flowspec_rate_from_tspec(copy.data(), t.data()));
-            keep(rsvp_valid_flowspec(copy.data()));
-        }
+    }
+    for (size_t j = 0; j < tspecs.size() && n; ++j) {
+        Scratch &t = tspecs[j], &a = flowspecs[j % n];
+        keep(rsvp_compare_tspec_with_flowspec(t.data(), a.data()));
+        Scratch copy{std::make_unique<uint8_t[]>(a.size), a.size};
+        std::memcpy(copy.data(), a.data(), a.size);
+        keep(rsvp_copy_flowspec_rate_from_tspec(copy.data(), t.data()));
+        keep(rsvp_valid_flowspec(copy.data()));
     }
 }
 

@@ -45,9 +45,10 @@ void exercise_inserts(const Object &o) {
         keep(rsvp_rro_check_ipv4_flags(s.data(), 1) + rsvp_rro_check_unnum_flags(s.data(), 1));
     };
     Scratch a = scratch_copy(o, RSVP_RRO_IPV4_LEN + kFlagReach);
-    check(a, rsvp_insert_record_route_ipv4(a.data(), 0x0100000a, 1), RSVP_RRO_IPV4_LEN, true);
+    check(a, rsvp_insert_record_route_ipv4(a.data(), body_word(o, 0), 1), RSVP_RRO_IPV4_LEN, true);
     Scratch b = scratch_copy(o, RSVP_RRO_UNNUM_LEN + kFlagReach);
-    check(b, rsvp_insert_record_route_unnum(b.data(), 0x0100000a, 7, 2), RSVP_RRO_UNNUM_LEN, true);
+    check(b, rsvp_insert_record_route_unnum(b.data(), body_word(o, 0), body_word(o, 1), 2),
+          RSVP_RRO_UNNUM_LEN, true);
     if (count > 0) {
         Scratch c = scratch_copy(o, values_len + kFlagReach);
         check(c, rsvp_insert_record_route_label(c.data(), values, count, 2, 1), values_len, true);

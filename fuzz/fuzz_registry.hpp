@@ -17,14 +17,17 @@ namespace rsvp_fuzz {
 
 using Bytes = std::vector<uint8_t>;
 
-// One object of the input, copied into a heap buffer of exactly its Length, so that any read
-// past the object's end is caught by the address sanitizer.
+// One object of the input, copied into a heap buffer of exactly its Length plus the room its
+// validator reads behind it on purpose (deliberate_read_room), so that any other read past the
+// object's end is caught by the address sanitizer. That room holds the input's bytes behind
+// the object (zeros past the end of the input): verdicts that depend on them are fuzzed too.
 struct Object {
     uint8_t *obj;
     uint16_t length;
     uint8_t class_num;
     uint8_t c_type;
     uint32_t verdict;  // rsvp_valid_object, taken on the copy
+    size_t room;       // bytes behind the object in its buffer
 };
 
 using Exerciser = void (*)(std::span<const Object> objects);
@@ -38,8 +41,9 @@ void run_one(const uint8_t *data, size_t size);
 // Every registered seed, each an object run.
 std::vector<Bytes> all_seeds();
 
-// An owned heap buffer holding a copy of an object plus room (zeroed) behind it: for the
-// functions that grow an object in place, or that read a fixed distance past it on purpose.
+// An owned heap buffer holding a copy of an object plus room behind it: the object's own
+// deliberate-read room (as in the input), then zeros for the functions that grow an object in
+// place or read a fixed distance past it on purpose.
 struct Scratch {
     std::unique_ptr<uint8_t[]> buf;
     size_t size;
@@ -64,7 +68,7 @@ inline size_t contents_read_room(const uint8_t *obj, size_t length) {
 }
 
 // Two validators read past the object on purpose, so every copy of such an object carries that
-// room (zeroed): the SENDER_TSPEC word count may claim up to four times the body, and the
+// room: the SENDER_TSPEC word count may claim up to four times the body, and the
 // FLOWSPEC service number at offset 8 is read even in a shorter object. A REVERSE_LSP needs
 // the room of the objects it carries.
 inline size_t deliberate_read_room(const uint8_t *obj, size_t length) {
@@ -87,10 +91,22 @@ inline size_t deliberate_read_room(const uint8_t *obj, size_t length) {
     }
 }
 
+// A copy of the object at obj (Length bytes) with its deliberate-read room taken from the bytes
+// behind it up to end, zeros beyond; room receives that room's size.
+inline std::unique_ptr<uint8_t[]> copy_with_room(const uint8_t *obj, const uint8_t *end,
+                                                 size_t &room) {
+    const size_t length = RSVP_OBJECT_LENGTH(const_cast<uint8_t *>(obj));
+    room = deliberate_read_room(obj, length);
+    auto copy = std::make_unique<uint8_t[]>(length + room);
+    const size_t behind = static_cast<size_t>(end - obj) - length;
+    std::memcpy(copy.get(), obj, length + (room < behind ? room : behind));
+    return copy;
+}
+
 inline Scratch scratch_copy(const Object &o, size_t room = 0) {
     room += deliberate_read_room(o.obj, o.length);
     Scratch s{std::make_unique<uint8_t[]>(o.length + room), o.length + room};
-    std::memcpy(s.buf.get(), o.obj, o.length);
+    std::memcpy(s.buf.get(), o.obj, o.length + (o.room < room ? o.room : room));
     return s;
 }
 
@@ -109,6 +125,15 @@ inline Reach reach(const Object &o) {
     Scratch s = scratch_copy(o, kReachLen - o.length);
     uint8_t *p = s.data();
     return Reach{std::move(s), p};
+}
+
+// The i-th 32-bit word of the object's body as it lies in memory, 0 past its end: arguments for
+// builders and add functions drawn from the input.
+inline uint32_t body_word(const Object &o, size_t i) {
+    uint32_t w = 0;
+    const size_t at = RSVP_OBJ_HDR_LEN + sizeof w * i;
+    if (at + sizeof w <= o.length) std::memcpy(&w, o.obj + at, sizeof w);
+    return w;
 }
 
 // Keeps a result alive so the call is not optimised away.

@@ -28,6 +28,11 @@ void carry(const Object &o) {
     Scratch c{std::make_unique<uint8_t[]>(needed + deliberate_read_room(o.obj, o.length)), needed};
     rsvp_build_reverse_lsp(c.data());
     if (rsvp_add_reverse_lsp_subobj(c.data(), o.obj) != 1) std::abort();
+    // Where the verdict reads behind the object, other bytes stand there in the container.
+    if (o.room) {
+        keep(rsvp_valid_reverse_lsp(c.data()) + rsvp_add_reverse_lsp_subobj(c.data(), o.obj));
+        return;
+    }
     if (rsvp_valid_reverse_lsp(c.data()) != 1) std::abort();
     if (rsvp_add_reverse_lsp_subobj(c.data(), o.obj) != 1) std::abort();
     if (rsvp_valid_reverse_lsp(c.data()) != 0) std::abort();

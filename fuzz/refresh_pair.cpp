@@ -68,12 +68,13 @@ std::vector<std::vector<uint8_t>> refresh_pair_seeds() {
         run.resize(static_cast<size_t>(p - run.data()));
         return run;
     };
+    // Written out whole: GCC 12 at -O3 warns about an inlined insert behind a 2-byte vector.
     auto pair = [](const std::vector<uint8_t> &a, const std::vector<uint8_t> &b) {
-        // Sized once and filled: GCC 12 at -O3 warns about inserting into a 2-byte vector.
-        std::vector<uint8_t> in(2 + a.size() + b.size());
+        std::vector<uint8_t> in(kSplitLen + a.size() + b.size());
         in[0] = static_cast<uint8_t>(a.size() >> 8);
         in[1] = static_cast<uint8_t>(a.size());
-        std::copy(b.begin(), b.end(), std::copy(a.begin(), a.end(), in.begin() + 2));
+        std::copy(a.begin(), a.end(), in.begin() + kSplitLen);
+        std::copy(b.begin(), b.end(), in.begin() + static_cast<long>(kSplitLen + a.size()));
         return in;
     };
     std::vector<uint8_t> first = path(1, 0xAA, 100, 30000);

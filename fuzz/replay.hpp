@@ -1,10 +1,13 @@
 // Replaying and writing a seed corpus, shared by the fuzz entries: replay runs each seed, every
 // truncation of it and a fixed set of random byte and bit edits through an entry, as an
 // ordinary test (under the sanitizer build this catches reads past the end without
-// libFuzzer); files named on the command line (a crash reproducer, a saved corpus) are run too.
+// libFuzzer); files named on the command line (a crash reproducer) and every file of a
+// directory named there (a saved corpus) are run too.
 #pragma once
 
+#include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <random>
@@ -15,13 +18,41 @@ namespace rsvp_fuzz {
 
 using Entry = void (*)(const uint8_t *data, size_t size);
 
+inline std::vector<uint8_t> read_file(const std::filesystem::path &path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::vector<uint8_t>((std::istreambuf_iterator<char>(in)),
+                                std::istreambuf_iterator<char>());
+}
+
+// The files named, and the regular files of the directories named (sorted, so that a
+// failure reproduces in the same order); a missing path is an error, not an empty corpus.
+inline bool input_files(int argc, char **argv, std::vector<std::filesystem::path> &files) {
+    namespace fs = std::filesystem;
+    for (int i = 1; i < argc; ++i) {
+        const fs::path path(argv[i]);
+        if (fs::is_directory(path)) {
+            std::vector<fs::path> in_dir;
+            for (const fs::directory_entry &e : fs::directory_iterator(path))
+                if (e.is_regular_file()) in_dir.push_back(e.path());
+            std::sort(in_dir.begin(), in_dir.end());
+            files.insert(files.end(), in_dir.begin(), in_dir.end());
+        } else if (fs::is_regular_file(path)) {
+            files.push_back(path);
+        } else {
+            std::fprintf(stderr, "%s: no such file or directory\n", argv[i]);
+            return false;
+        }
+    }
+    return true;
+}
+
 inline int replay(Entry run, const std::vector<std::vector<uint8_t>> &seeds, int argc,
                   char **argv) {
     size_t runs = 0;
-    for (int i = 1; i < argc; ++i) {
-        std::ifstream in(argv[i], std::ios::binary);
-        std::vector<uint8_t> b((std::istreambuf_iterator<char>(in)),
-                               std::istreambuf_iterator<char>());
+    std::vector<std::filesystem::path> files;
+    if (!input_files(argc, argv, files)) return 1;
+    for (const std::filesystem::path &f : files) {
+        const std::vector<uint8_t> b = read_file(f);
         run(b.data(), b.size());
         ++runs;
     }
