@@ -47,7 +47,15 @@ void exercise_object(const Object &o) {
         keep(rsvp_ip_valid(&addr) + rsvp_ip_valid_routerid(&addr) + rsvp_ip_to_in(&addr, &in) +
              rsvp_lib_util_is_link_id_set(&link) + rsvp_lib_util_is_link_id_ipv4(&link) +
              rsvp_lib_util_is_link_id_unnum(&link));
+        // Interface names through the default service (one host lookup per call), on a handle
+        // and form taken from the object, into an exact-size buffer and the per-thread ring.
+        const uint32_t form = o.c_type % 4;
+        std::unique_ptr<char[]> name(new char[RSVP_LIB_UTIL_NAME_LEN]);
+        keep(rsvp_lib_util_get_if_name(body[0], form, name.get()));
+        check_len(name.get(), RSVP_LIB_UTIL_NAME_LEN);
+        check_len(rsvp_lib_util_if_name(body[0], form), RSVP_LIB_UTIL_NAME_LEN);
     }
+    check_len(rsvp_lib_util_get_all_if_name(), RSVP_LIB_UTIL_NAME_LEN);
 }
 
 void exercise(std::span<const Object> objects) {
