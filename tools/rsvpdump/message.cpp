@@ -7,6 +7,7 @@
 
 #include "decode.hpp"
 #include "dump.hpp"
+#include "rsvp_lib_util.h"
 #include "rsvp_object_lib.h"
 
 namespace rsvpdump {
@@ -23,6 +24,25 @@ constexpr size_t kRoomFactor = 4;
 constexpr size_t kRoomExtra = 16;
 constexpr uint16_t kAllOnes = 0xffff;
 constexpr unsigned kWordLen = 4;  // object lengths count whole words
+constexpr char kUnknownTypeName[] = "Unknown";
+
+// Path (1), Resv, PathErr, ResvErr, PathTear and ResvTear (6) belong to one flow and are shown
+// with the flow string of a daemon's log lines.
+constexpr uint8_t kFirstFlowType = 1, kLastFlowType = 6;
+bool has_flow(uint8_t type) {
+    return type >= kFirstFlowType && type <= kLastFlowType;
+}
+
+// The flow string reads the SESSION, S2L_SUB_LSP and sender or filter objects at their fixed
+// offsets, so it is shown only when each of them that the message holds is valid.
+bool flow_objects_valid(uint8_t *objects, uint32_t length) {
+    for (uint8_t class_num : {RSVP_CLASS_SESSION, RSVP_CLASS_S2L_SUB_LSP,
+                              RSVP_CLASS_SENDER_TEMPLATE, RSVP_CLASS_FILTER_SPEC}) {
+        uint8_t *obj = rsvp_first_object_type(objects, length, class_num);
+        if (obj && rsvp_valid_object(obj) != RSVP_OBJECT_VALID) return false;
+    }
+    return true;
+}
 
 // The RFC 1071 one's complement sum of a byte run (an odd last byte padded with zero). The
 // sum does not depend on byte order: words are added as the host loads them, and the result,
@@ -165,8 +185,11 @@ bool print_objects(Out &out, Stats &stats, uint8_t *m, size_t held, size_t lengt
 
 }  // namespace
 
-const char *message_type_name(uint8_t) {
-    return nullptr;  // rsvp_msg_type_string, once the text unit is part of the library
+const char *message_type_name(uint8_t type) {
+    // The library names every type, the unknown ones "Unknown (type N)": those keep their
+    // number alone here.
+    const char *name = rsvp_msg_type_string(type);
+    return std::strncmp(name, kUnknownTypeName, sizeof kUnknownTypeName - 1) == 0 ? nullptr : name;
 }
 
 void Dumper::header_prefix(const Origin &origin, const IpInfo *ip) {
@@ -232,6 +255,11 @@ void Dumper::dump_message(const uint8_t *data, size_t captured, const Origin &or
     bool malformed = print_checksum(out, m, held, length);
 
     out.set_indent(kObjectIndent);
+    const auto body_held = static_cast<uint32_t>(held - RSVP_MSG_HDR_LEN);
+    if (length >= RSVP_MSG_HDR_LEN && has_flow(type) &&
+        flow_objects_valid(m + RSVP_MSG_HDR_LEN, body_held))
+        out.line().text("flow ").str("flow",
+                                     rsvp_lib_util_flow_str(m + RSVP_MSG_HDR_LEN, body_held));
     if (length < RSVP_MSG_HDR_LEN) {
         out.line().str("problem", "length shorter than the common header");
         malformed = true;
