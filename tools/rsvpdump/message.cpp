@@ -3,7 +3,11 @@
 // verdict and the fields its decoder states, or its bytes when the library does not accept
 // it. A message cut short by the capture shows every object that fits, then a truncation mark.
 #include <algorithm>
+#include <array>
 #include <cstring>
+#include <iterator>
+#include <string>
+#include <vector>
 
 #include "decode.hpp"
 #include "dump.hpp"
@@ -25,6 +29,7 @@ constexpr size_t kRoomExtra = 16;
 constexpr uint16_t kAllOnes = 0xffff;
 constexpr unsigned kWordLen = 4;  // object lengths count whole words
 constexpr char kUnknownTypeName[] = "Unknown";
+constexpr size_t kTypeCount = 256;  // the 8-bit message type
 
 // Path (1), Resv, PathErr, ResvErr, PathTear and ResvTear (6) belong to one flow and are shown
 // with the flow string of a daemon's log lines.
@@ -34,15 +39,71 @@ bool has_flow(uint8_t type) {
 }
 
 // The flow string reads the SESSION, S2L_SUB_LSP and sender or filter objects at their fixed
-// offsets, so it is shown only when each of them that the message holds is valid.
-bool flow_objects_valid(uint8_t *objects, uint32_t length) {
-    for (uint8_t class_num : {RSVP_CLASS_SESSION, RSVP_CLASS_S2L_SUB_LSP,
-                              RSVP_CLASS_SENDER_TEMPLATE, RSVP_CLASS_FILTER_SPEC}) {
-        uint8_t *obj = rsvp_first_object_type(objects, length, class_num);
-        if (obj && rsvp_valid_object(obj) != RSVP_OBJECT_VALID) return false;
+// offsets, so it is shown only when each of them that the message holds is valid. Its text
+// depends on those objects alone.
+constexpr uint8_t kFlowClasses[] = {RSVP_CLASS_SESSION, RSVP_CLASS_S2L_SUB_LSP,
+                                    RSVP_CLASS_SENDER_TEMPLATE, RSVP_CLASS_FILTER_SPEC};
+
+// Formatting a flow string costs about a microsecond, and a capture carries the same flows again
+// with every refresh: the texts are kept in a direct-mapped table keyed on the bytes of the
+// objects they are made from (the first of each flow class, each behind a byte saying whether
+// the message holds one).
+class FlowCache {
+  public:
+    // The flow string of the object run, or nullptr when one of its objects is not valid.
+    const char *flow(uint8_t *objects, uint32_t length) {
+        // One walk finds what rsvp_first_object_type would find for each class: the first
+        // object of the class, stopping at an object that is not walkable.
+        uint8_t *found[std::size(kFlowClasses)] = {};
+        uint32_t left = length;
+        for (uint8_t *cur = length >= RSVP_OBJ_HDR_LEN ? objects : nullptr; cur;
+             cur = rsvp_next_nonnull_object(cur, &left)) {
+            const uint16_t obj_len = RSVP_OBJECT_LENGTH(cur);
+            if (obj_len < RSVP_OBJ_HDR_LEN || obj_len % kWordLen != 0 || obj_len > left) break;
+            for (size_t i = 0; i < std::size(kFlowClasses); ++i)
+                if (!found[i] && RSVP_OBJECT_CLASS(cur) == kFlowClasses[i]) found[i] = cur;
+        }
+        for (uint8_t *obj : found)
+            if (obj && rsvp_valid_object(obj) != RSVP_OBJECT_VALID) return nullptr;
+        uint8_t key[kMaxKey];
+        size_t key_len = 0;
+        for (uint8_t *obj : found) {
+            const size_t obj_len = obj ? RSVP_OBJECT_LENGTH(obj) : 0;
+            if (key_len + 1 + obj_len > kMaxKey) return rsvp_lib_util_flow_str(objects, length);
+            key[key_len++] = obj != nullptr;
+            if (obj_len) std::memcpy(key + key_len, obj, obj_len);
+            key_len += obj_len;
+        }
+        Slot &slot = slots_[hash(key, key_len) % slots_.size()];
+        if (slot.key_len != key_len || std::memcmp(slot.key, key, key_len) != 0) {
+            std::memcpy(slot.key, key, key_len);
+            slot.key_len = key_len;
+            std::strncpy(slot.text, rsvp_lib_util_flow_str(objects, length), sizeof slot.text - 1);
+            slot.text[sizeof slot.text - 1] = '\0';
+        }
+        return slot.text;
     }
-    return true;
-}
+
+  private:
+    static constexpr size_t kSlots = 1024, kMaxKey = 128;
+    struct Slot {
+        size_t key_len = 0;  // no key is empty: it holds at least the presence bytes
+        uint8_t key[kMaxKey];
+        char text[RSVP_LIB_UTIL_FLOW_BUF_LEN];
+    };
+    // A multiplicative hash over the key's 8-byte words (the last one zero-padded).
+    static size_t hash(const uint8_t *p, size_t n) {
+        constexpr uint64_t kMul = 0x9e3779b97f4a7c15;
+        uint64_t h = n;
+        for (size_t i = 0; i < n; i += sizeof(uint64_t)) {
+            uint64_t word = 0;
+            std::memcpy(&word, p + i, std::min(sizeof word, n - i));
+            h = (h ^ word) * kMul;
+        }
+        return static_cast<size_t>(h ^ (h >> 32));
+    }
+    std::vector<Slot> slots_ = std::vector<Slot>(kSlots);
+};
 
 // The RFC 1071 one's complement sum of a byte run (an odd last byte padded with zero). The
 // sum does not depend on byte order: words are added as the host loads them, and the result,
@@ -187,9 +248,17 @@ bool print_objects(Out &out, Stats &stats, uint8_t *m, size_t held, size_t lengt
 
 const char *message_type_name(uint8_t type) {
     // The library names every type, the unknown ones "Unknown (type N)": those keep their
-    // number alone here.
-    const char *name = rsvp_msg_type_string(type);
-    return std::strncmp(name, kUnknownTypeName, sizeof kUnknownTypeName - 1) == 0 ? nullptr : name;
+    // number alone here. The names are formatted once, not once a message.
+    static const auto names = [] {
+        std::array<std::string, kTypeCount> all;
+        for (size_t t = 0; t < all.size(); ++t) {
+            const char *name = rsvp_msg_type_string(static_cast<int32_t>(t));
+            if (std::strncmp(name, kUnknownTypeName, sizeof kUnknownTypeName - 1) != 0)
+                all[t] = name;
+        }
+        return all;
+    }();
+    return names[type].empty() ? nullptr : names[type].c_str();
 }
 
 void Dumper::header_prefix(const Origin &origin, const IpInfo *ip) {
@@ -256,10 +325,11 @@ void Dumper::dump_message(const uint8_t *data, size_t captured, const Origin &or
 
     out.set_indent(kObjectIndent);
     const auto body_held = static_cast<uint32_t>(held - RSVP_MSG_HDR_LEN);
-    if (length >= RSVP_MSG_HDR_LEN && has_flow(type) &&
-        flow_objects_valid(m + RSVP_MSG_HDR_LEN, body_held))
-        out.line().text("flow ").str("flow",
-                                     rsvp_lib_util_flow_str(m + RSVP_MSG_HDR_LEN, body_held));
+    if (length >= RSVP_MSG_HDR_LEN && has_flow(type)) {
+        static FlowCache flows;
+        if (const char *flow = flows.flow(m + RSVP_MSG_HDR_LEN, body_held))
+            out.line().text("flow ").str("flow", flow);
+    }
     if (length < RSVP_MSG_HDR_LEN) {
         out.line().str("problem", "length shorter than the common header");
         malformed = true;
