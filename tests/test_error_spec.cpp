@@ -22,31 +22,28 @@ TEST(ErrorSpec, BuildExtractAndAccessors) {
     EXPECT_EQ(rsvp_build_error_ipv4(b.data(), ip("10.0.0.1"), 0x01, 24, 0x0102), b.data());
     EXPECT_EQ(to_hex(b), "00 0c 06 01 0a 00 00 01 01 18 01 02");  // hdr, node, flags, code, value
     using Fields = std::tuple<uint32_t, uint8_t, uint8_t, uint16_t>;  // node, flags, code, value
-    Fields out, expected{ip("10.0.0.1"), 1, 24, 0x0102}, untouched{9, 9, 9, 9}, zero{0, 0, 0, 0};
-    auto &[node, flags, code, value] = out;
-    ASSERT_EQ(rsvp_extract_error_ipv4(b.data(), &node, &flags, &code, &value), 1);
-    EXPECT_EQ(out, expected);
+    const Fields found{ip("10.0.0.1"), 1, 2, 3}, untouched{9, 9, 9, 9}, zero{0, 0, 0, 0};
+    const auto accessors = [](uint8_t *o) {
+        return Fields(RSVP_ERROR_NODE(o), RSVP_ERROR_FLAGS(o), RSVP_ERROR_CODE(o),
+                      RSVP_ERROR_VALUE(o));
+    };
     // Only Length 12 is valid; otherwise outputs stay, accessors give 0 and the setter is silent.
     for (int len = 0; len <= 20; len += 4) {
         SCOPED_TRACE(len);
         HeapBytes o = heap_copy(object(6, 1, hex("0a 00 00 01 01 02 00 03 00 00 00 00"), len));
         EXPECT_EQ(rsvp_valid_error_ipv4(o.data()), len == 12);
-        out = {9, 9, 9, 9};
+        Fields out = untouched;
+        auto &[node, flags, code, value] = out;
         EXPECT_EQ(rsvp_extract_error_ipv4(o.data(), &node, &flags, &code, &value), len == 12);
-        const Fields found{ip("10.0.0.1"), 1, 2, 3};
         EXPECT_EQ(out, len == 12 ? found : untouched);
-        EXPECT_EQ(Fields(RSVP_ERROR_NODE(o.data()), RSVP_ERROR_FLAGS(o.data()),
-                         RSVP_ERROR_CODE(o.data()), RSVP_ERROR_VALUE(o.data())),
-                  len == 12 ? found : zero);
+        EXPECT_EQ(accessors(o.data()), len == 12 ? found : zero);
         RSVP_SET_ERROR_CODE(o.data(), 0x77);
         EXPECT_EQ(o.data()[9], len == 12 ? 0x77 : 0x02);
     }
     // A valid object of another class is read at the same offsets, but only within its
     // Length: an 8-byte TIME_VALUES gives its node word, and the code setter writes nothing.
     Bytes refresh = concat({object(5, 1, hex("0a 00 00 01")), hex("01 02 00 03")});
-    EXPECT_EQ(Fields(RSVP_ERROR_NODE(refresh.data()), RSVP_ERROR_FLAGS(refresh.data()),
-                     RSVP_ERROR_CODE(refresh.data()), RSVP_ERROR_VALUE(refresh.data())),
-              Fields(ip("10.0.0.1"), 0, 0, 0));
+    EXPECT_EQ(accessors(refresh.data()), Fields(ip("10.0.0.1"), 0, 0, 0));
     RSVP_SET_ERROR_CODE(refresh.data(), 0x77);
     EXPECT_EQ(refresh[9], 0x02);
     Bytes ctype2 = object(6, 2, hex("0a 00 00 01 01 02 00 03"));
@@ -80,5 +77,4 @@ TEST(ErrorSpec, Ordering) {
         EXPECT_EQ(rsvp_compare_errors(a, b), expected);
         EXPECT_EQ(rsvp_compare_errors(b, a), -expected);
     }
-    EXPECT_EQ(rsvp_compare_errors(e.data(), e.data()), 0);
 }

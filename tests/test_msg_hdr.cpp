@@ -9,11 +9,10 @@ using namespace rsvp_test;
 
 // Version 1 forced, flags cut to four bits, checksum and reserved byte cleared, length big-endian.
 TEST(MsgHdr, BuildWritesEveryByte) {
-    Bytes buf(8, 0xAA);
+    Bytes buf(16, 0xAA);
     rsvp_build_msg_hdr(1, 255, 8, 0xFF, buf.data());
-    EXPECT_EQ(to_hex(buf), "1f 01 00 00 ff 00 00 08");
-    rsvp_build_msg_hdr(2, 63, 0x1234, 0x02, buf.data());
-    EXPECT_EQ(to_hex(buf), "12 02 00 00 3f 00 12 34");
+    rsvp_build_msg_hdr(2, 63, 0x1234, 0x02, buf.data() + 8);
+    EXPECT_EQ(to_hex(buf), "1f 01 00 00 ff 00 00 08 12 02 00 00 3f 00 12 34");
 }
 
 TEST(MsgHdr, Readers) {

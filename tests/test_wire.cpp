@@ -11,18 +11,15 @@ using namespace rsvp_test;
 // alignment check of the undefined-behaviour sanitizer.
 TEST(Wire, LoadsAndStoresAtOddAddresses) {
     alignas(8) uint8_t buf[16] = {};
-    uint8_t *p = buf + 1;
-    wire::store_be16(p, 0x1234);
-    EXPECT_EQ(to_hex(p, 2), "12 34");
-    EXPECT_EQ(wire::load_be16(p), 0x1234);
-    wire::store_be32(p, 0x89abcdefu);
-    EXPECT_EQ(to_hex(p, 4), "89 ab cd ef");
-    EXPECT_EQ(wire::load_be32(p), 0x89abcdefu);
-    wire::store_be64(p, 0x0102030405060708ull);
-    EXPECT_EQ(to_hex(p, 8), "01 02 03 04 05 06 07 08");
-    EXPECT_EQ(wire::load_be64(p), 0x0102030405060708ull);
-    wire::store8(p, 0x7f);
-    EXPECT_EQ(wire::load8(p), 0x7f);
+    wire::store_be16(buf + 1, 0x1234);
+    wire::store_be32(buf + 3, 0x89abcdefu);
+    wire::store_be64(buf + 7, 0x0102030405060708ull);
+    wire::store8(buf + 15, 0x7f);
+    EXPECT_EQ(to_hex(buf, 16), "00 12 34 89 ab cd ef 01 02 03 04 05 06 07 08 7f");
+    EXPECT_EQ(wire::load_be16(buf + 1), 0x1234);
+    EXPECT_EQ(wire::load_be32(buf + 3), 0x89abcdefu);
+    EXPECT_EQ(wire::load_be64(buf + 7), 0x0102030405060708ull);
+    EXPECT_EQ(wire::load8(buf + 15), 0x7f);
 }
 
 TEST(Wire, RawWordsKeepTheirBytes) {
