@@ -139,7 +139,8 @@ TEST(LibUtil, SrlgRing) {
 
 TEST(LibUtil, InterfaceAndAddressPredicates) {
     EXPECT_STREQ(rsvp_lib_util_get_all_if_name(), "All RSVP Interfaces");
-    EXPECT_EQ(rsvp_lib_util_is_all_intf("All RSVP Interfaces"), 1);
+    EXPECT_EQ(
+        rsvp_lib_util_is_all_intf("All RSVP Interfaces") + rsvp_lib_util_is_dummy_intf("None"), 2);
     EXPECT_EQ(
         rsvp_lib_util_is_all_intf("All RSVP Interfaces ") + rsvp_lib_util_is_dummy_intf("Non"), 0);
     // valid, router id, converted, output untouched; then link id set, IPv4, unnumbered

@@ -15,7 +15,7 @@ TEST(MsgHdr, BuildWritesEveryByte) {
     EXPECT_EQ(to_hex(buf), "1f 01 00 00 ff 00 00 08 12 02 00 00 3f 00 12 34");
 }
 
-TEST(MsgHdr, Readers) {
+TEST(MsgHdr, ReadersAndSetters) {
     Bytes m = hex("1a 05 be ef 40 00 01 2c");
     EXPECT_EQ(std::tuple(RSVP_MESSAGE_VERSION(m.data()), RSVP_MESSAGE_FLAGS(m.data()),
                          RSVP_MESSAGE_TYPE(m.data()), RSVP_MESSAGE_CKSUM(m.data()),
@@ -23,30 +23,21 @@ TEST(MsgHdr, Readers) {
                          RSVP_MESSAGE_OBJ_LEN(m.data()), RSVP_MESSAGE_GET_CKSUM_OFFSET()),
               std::tuple(1u, 0xAu, 5u, 0xBEEF, 0x40u, 300, 292, 2u));
     EXPECT_EQ(RSVP_MESSAGE_FIRST_OBJECT_PTR(m.data()), m.data() + 8);
-}
-
-TEST(MsgHdr, ObjLenIsZeroUpToTheHeaderLength) {
+    // No object bytes up to a Length of 8.
     const uint16_t rows[][2] = {{0, 0}, {1, 0}, {7, 0}, {8, 0}, {9, 1}, {12, 4}, {0xFFFF, 0xFFF7}};
-    Bytes m(8, 0);
     for (const auto &[len, obj_len] : rows) {
         SCOPED_TRACE(len);
         RSVP_SET_MESSAGE_LENGTH(m.data(), len);
         EXPECT_EQ(RSVP_MESSAGE_OBJ_LEN(m.data()), obj_len);
     }
-    EXPECT_EQ(to_hex(m), "00 00 00 00 00 00 ff ff");
+    RSVP_MESSAGE_SET_CKSUM(m.data(), 0x1234);
+    EXPECT_EQ(to_hex(m), "1a 05 12 34 40 00 ff ff");
+    const uint16_t nb = 0x1234;  // already in wire order: stored as it lies in host memory
+    RSVP_MESSAGE_SET_CKSUM_NB(m.data(), nb);
+    EXPECT_EQ(to_hex(m.data() + 2, 2), to_hex(reinterpret_cast<const uint8_t *>(&nb), 2));
 }
 
-TEST(MsgHdr, ChecksumSettersAndNullMessage) {
-    Bytes m(8, 0);
-    RSVP_MESSAGE_SET_CKSUM(m.data(), 0x1234);
-    EXPECT_EQ(to_hex(m), "00 00 12 34 00 00 00 00");
-    // Already in wire order: stored as the value lies in host memory.
-    RSVP_MESSAGE_SET_CKSUM_NB(m.data(), 0x1234);
-#if __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
-    EXPECT_EQ(to_hex(m), "00 00 34 12 00 00 00 00");
-#else
-    EXPECT_EQ(to_hex(m), "00 00 12 34 00 00 00 00");
-#endif
+TEST(MsgHdr, NullMessage) {
     EXPECT_EQ(RSVP_MESSAGE_VERSION(nullptr) + RSVP_MESSAGE_FLAGS(nullptr) +
                   RSVP_MESSAGE_TYPE(nullptr) + RSVP_MESSAGE_CKSUM(nullptr) +
                   RSVP_MESSAGE_SENDING_TTL(nullptr) + RSVP_MESSAGE_LENGTH(nullptr) +

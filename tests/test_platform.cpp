@@ -22,7 +22,6 @@ constexpr int64_t kMin = std::numeric_limits<int64_t>::min();
 
 }  // namespace
 
-// Truncation toward zero, NaN as 0, saturation at the 64-bit limits.
 TEST(IeeeToInt64, TruncatesAndSaturates) {
     const std::pair<uint32_t, int64_t> rows[] = {
         {bits_of(0.0f), 0},
@@ -46,7 +45,6 @@ TEST(IeeeToInt64, TruncatesAndSaturates) {
     }
 }
 
-// Every integer that a single float holds exactly comes back unchanged.
 TEST(IeeeConversion, ExactForEveryIntegerAFloatHolds) {
     for (int64_t v = -(1 << 24); v <= (1 << 24); v += 997)
         ASSERT_EQ(ieee_to_int64(int64_to_ieee(v)), v);
