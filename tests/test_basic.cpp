@@ -62,8 +62,7 @@ TEST(Scope, EmptyListIsInvalidAndAddressesAreKeptOnce) {
 }
 
 TEST(Style, BuildWritesOnlyAcceptedStyles) {
-    // Style, last byte written at offset 4, valid, explicit; 42 AND 31 is FF, but only styles
-    // below 32 count.
+    // Style, last byte at offset 4, valid, explicit; 42 AND 31 is FF, but 42 is not below 32.
     const uint8_t rows[][4] = {{RSVP_STYLE_FF, 0x0a, 1, 1},
                                {RSVP_STYLE_WF, 0x11, 1, 0},
                                {RSVP_STYLE_SE, 0x12, 1, 1},

@@ -39,8 +39,7 @@ TEST(ErrorSpec, BuildExtractAndAccessors) {
         RSVP_SET_ERROR_CODE(o.data(), 0x77);
         EXPECT_EQ(o.data()[9], len == 12 ? 0x77 : 0x02);
     }
-    // A valid object of another class is read at the same offsets, but only within its
-    // Length: an 8-byte TIME_VALUES gives its node word and nothing else.
+    // A valid object of another class is read within its Length: a TIME_VALUES gives its node.
     Bytes refresh = concat({object(5, 1, hex("0a 00 00 01")), hex("01 02 00 03")});
     EXPECT_EQ(accessors(refresh.data()), Fields(ip("10.0.0.1"), 0, 0, 0));
     Bytes ctype2 = object(6, 2, hex("0a 00 00 01 01 02 00 03"));

@@ -85,8 +85,7 @@ TEST(Integrity, StagedBuildTakesTheDigestLengthFromTheObject) {
     // A digest_len of 12 rewrites the header to Length 32, which then agrees with itself.
     EXPECT_EQ(rsvp_build_integrity(b.data(), nullptr, nullptr, nullptr, kDigest, &other), 1);
     EXPECT_EQ(RSVP_OBJECT_LENGTH(b.data()), 32);
-    // Without a valid header in place (C-Type 2 here) the digest step fails, keeping what the
-    // earlier steps wrote.
+    // Without a valid header (C-Type 2) the digest step fails, keeping what was written before.
     Bytes fresh = object(4, 2, Bytes(36, 0));
     const uint8_t flags = 0x7F;
     EXPECT_EQ(rsvp_build_integrity(fresh.data(), &flags, nullptr, nullptr, kDigest, nullptr), 0);

@@ -105,8 +105,7 @@ TEST(LibUtil, SessionTypeStringAndLabelText) {
     }
 }
 
-// A ring result survives nine further results; a long text stops inside its own slot and leaves
-// the next one, whose result is still owed its life, alone.
+// A ring result survives nine further results; a long text stays inside its own slot.
 TEST(LibUtil, LabelRing) {
     const uint32_t labels[] = {0x10, 0xff, 3, 4, 5, 6};
     const char *first = rsvp_enc_label_gen_str(labels, 1), *later[9];

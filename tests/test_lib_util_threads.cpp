@@ -94,9 +94,8 @@ TEST(LibUtilIfName, EachThreadKeepsItsOwnTwentyNames) {
     EXPECT_EQ(bad, 0);
 }
 
-// A thread's ring is freed when it ends (the leak checker of the sanitized builds watches the
-// threads here exit); a failed allocation or key store answers "Unknown"
-// with its diagnostic, and the thread's next call succeeds.
+// A thread's ring is freed when it ends (watched by the sanitized builds' leak checker); a failed
+// allocation or key store answers "Unknown" with its diagnostic, and the next call succeeds.
 TEST(LibUtilIfName, RingLifetimeAndStorageFailures) {
     const struct {
         std::atomic<bool> *fault;

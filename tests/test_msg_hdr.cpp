@@ -23,7 +23,6 @@ TEST(MsgHdr, ReadersAndSetters) {
                          RSVP_MESSAGE_OBJ_LEN(m.data()), RSVP_MESSAGE_GET_CKSUM_OFFSET()),
               std::tuple(1u, 0xAu, 5u, 0xBEEF, 0x40u, 300, 292, 2u));
     EXPECT_EQ(RSVP_MESSAGE_FIRST_OBJECT_PTR(m.data()), m.data() + 8);
-    // No object bytes up to a Length of 8.
     const uint16_t rows[][2] = {{0, 0}, {1, 0}, {7, 0}, {8, 0}, {9, 1}, {12, 4}, {0xFFFF, 0xFFF7}};
     for (const auto &[len, obj_len] : rows) {
         SCOPED_TRACE(len);

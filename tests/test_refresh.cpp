@@ -9,9 +9,8 @@ using namespace rsvp_test;
 
 namespace {
 
-// The objects of a Path body: INTEGRITY, MESSAGE_ID, SESSION, RSVP_HOP, TIME_VALUES and
-// SENDER_TSPEC. Two copies differ only in the INTEGRITY sequence number and digest and in the
-// MESSAGE_ID epoch and identifier.
+// A Path body: INTEGRITY, MESSAGE_ID, SESSION, RSVP_HOP, TIME_VALUES, SENDER_TSPEC. Two copies
+// differ only in the INTEGRITY sequence and digest and the MESSAGE_ID epoch and identifier.
 Bytes path(uint8_t copy) {
     Bytes b(36 + 12 + 16 + 12 + 8 + 36);
     uint8_t *p = b.data();
