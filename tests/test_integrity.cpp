@@ -78,7 +78,6 @@ TEST(Integrity, StagedBuildTakesTheDigestLengthFromTheObject) {
     Bytes b(40, 0);
     const uint32_t len = 8, other = 12;
     ASSERT_EQ(rsvp_build_integrity(b.data(), nullptr, kKey, nullptr, nullptr, &len), 1);
-    EXPECT_EQ(to_hex(b.data(), 12), "00 1c 04 01 00 00 a1 a2 a3 a4 a5 a6");
     ASSERT_EQ(rsvp_build_integrity(b.data(), nullptr, nullptr, &kSeq, kDigest, nullptr), 1);
     EXPECT_EQ(to_hex(b.data() + 12, 20),
               "01 02 03 04 05 06 07 08 d0 d1 d2 d3 d4 d5 d6 d7 00 00 00 00");
