@@ -84,6 +84,5 @@ TEST(InterfaceService, NamesOfHostInterfaces) {
     if (intf_svc_interface_name(1, name) == 0) {
         EXPECT_STREQ(name, "lo");
     }
-    EXPECT_STREQ(intf_svc_display_name("eth0", RSVP_INTF_DISPLAY_SHORT), "eth0");
     EXPECT_STREQ(intf_svc_display_name("eth0", RSVP_INTF_DISPLAY_LONG), "eth0");
 }
