@@ -44,7 +44,6 @@ TEST(ErrorSpec, BuildExtractAndAccessors) {
     EXPECT_EQ(accessors(refresh.data()), Fields(ip("10.0.0.1"), 0, 0, 0));
     Bytes ctype2 = object(6, 2, hex("0a 00 00 01 01 02 00 03"));
     EXPECT_EQ(rsvp_valid_error_ipv4(ctype2.data()) + rsvp_valid_error_ipv4(nullptr), 0);
-    EXPECT_EQ(RSVP_ERROR_NODE(nullptr), 0u);
 }
 
 // Node (host order), code, value, then flags, although flags precede code and value on the
