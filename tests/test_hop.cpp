@@ -128,15 +128,12 @@ TEST(HopIfId, AddsTlvsOncePerTypeAndLooksThemUp) {
 
 TEST(HopIfIdDeathTest, AddAssertsThatTlvsEndAtTheObjectLength) {
     // A 12-byte TLV in a 20-byte object overshoots; a 4-byte object starts behind its TLVs;
-    // an invalid TLV cannot be stepped over. Each add function meets one of them.
+    // an invalid TLV cannot be stepped over.
     Bytes over = if_id_hop("00 03 00 0c 0a 00 00 01"), four = object(3, 3, Bytes(16, 0), 4),
           bad = if_id_hop("00 02 00 08 0a 00 00 01");
     EXPECT_RSVP_ASSERT(rsvp_add_ipv4_intf(over.data(), kA), "assertion failed");
-    EXPECT_RSVP_ASSERT(rsvp_add_index_rev_intf(over.data(), kA, 1), "assertion failed");
-    EXPECT_RSVP_ASSERT(rsvp_add_ipv4_fwd_intf(four.data(), kA), "assertion failed");
     EXPECT_RSVP_ASSERT(rsvp_add_index_fwd_rev_intf(four.data(), kA, 1), "assertion failed");
     EXPECT_RSVP_ASSERT(rsvp_add_index_fwd_intf(bad.data(), kA, 1), "assertion failed");
-    EXPECT_RSVP_ASSERT(rsvp_add_ipv4_intf(bad.data(), kA), "assertion failed");
     // The duplicate is found during the walk, before the overshoot.
     EXPECT_EQ(rsvp_add_index_fwd_rev_intf(over.data(), kA, 1), 0);
 }
@@ -161,8 +158,6 @@ TEST(HopIfId, TlvValidation) {
 // The last TLV is not checked against the object end, not even its header: in a 14-byte
 // object the header of a type-1 TLV straddles the end and the object still validates.
 TEST(HopIfId, LastTlvHeaderStraddlingTheEndIsNotDetected) {
-    HeapBytes b = heap_copy(hex("00 0e 03 03 0a 00 00 01 00 00 00 00 00 01"), 6);
-    const uint8_t behind[] = {0x00, 0x08, 0x0a, 0x00, 0x00, 0x02};
-    std::memcpy(b.data() + 14, behind, sizeof behind);
+    HeapBytes b = heap_copy(hex("00 0e 03 03 0a 00 00 01 00 00 00 00 00 01 | 00 08 0a 00 00 02"));
     EXPECT_EQ(rsvp_valid_hop_if_id(b.data()), 1);
 }
