@@ -15,9 +15,8 @@ const char *kXro =
     "81 08 0a 00 00 01 18 05"               // L, IPv4 10.0.0.1/24, attribute 5
     "06 0c 00 02 01 01 01 01 00 00 00 07"   // unnumbered (type 6), attribute 2, 1.1.1.1 if 7
     "a2 08 00 00 00 64 00 00"               // L, SRLG 100
-    "a4 18 03 01 0a 00 00 09 00 00 00 2a"   // L, LSP: flags 3, attribute 1, endpoint 10.0.0.9,
-    "0a 00 00 01 0a 00 00 02 00 00 00 05";  //   tunnel 42, ext id 10.0.0.1, sender 10.0.0.2,
-                                            //   LSP 5
+    "a4 18 03 01 0a 00 00 09 00 00 00 2a"   // L, LSP: flags 3, attribute 1, to 10.0.0.9,
+    "0a 00 00 01 0a 00 00 02 00 00 00 05";  //   tunnel 42, ext 10.0.0.1, from 10.0.0.2, LSP 5
 
 }  // namespace
 
@@ -71,15 +70,13 @@ TEST(ExcludeRoute, Validation) {
         {"00 20 e8 01 24 1c 00 00 00 00 00 00 00 00 00 00"       // LSP of length 28
          "00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00",
          0},
-        {"00 0c e8 01 02 08 00 00 00 64 00 00", 0},  // type 2 unknown here
         {"00 0c e8 02 22 08 00 00 00 64 00 00", 0},  // C-Type 2
         {"00 0c 14 01 22 08 00 00 00 64 00 00", 0},  // class 20
         // A trailing remainder whose length byte reaches past the end is tolerated ...
         {"00 0f e8 01 22 08 00 00 00 64 00 00 01 08 00", 1},
         // ... one that fits inside is a subobject, and here a bad one.
         {"00 0f e8 01 22 08 00 00 00 64 00 00 01 02 00", 0},
-        {"00 0e e8 01 22 08 00 00 00 64 00 00 01 02", 0},  // a bare header at the very end
-        {"00 0f e8 01 22 08 00 00 00 64 00 00 00 00 00", 0},
+        {"00 0e e8 01 22 08 00 00 00 64 00 00 01 02", 0},    // a bare header at the very end
         {"00 0d e8 01 22 08 00 00 00 64 00 00 01", 1},       // one byte cannot hold a header
         {"00 0c e8 01 22 08 00 00 00 64 00 00 | 00 00", 1},  // nor do bytes behind the end
         {"00 02 e8 01", 1},                                  // a Length below 4 is not checked

@@ -176,10 +176,9 @@ TEST_P(WalkEquivalence, SmallObjectsEveryStep) {
         compare(*GetParam(), make_object(*GetParam(), rng, pick(rng, 160)), true);
 }
 
-// A well-formed 64 KB object: routes with more subobjects than the counts' step limit of
-// 10000, a hop whose lookups walk to the end. And the same cut at 32 KB, where a last
-// subobject may run past the end. (The plain walks take a minute on these under the
-// sanitizers: one of each.)
+// A well-formed 64 KB object (routes: more subobjects than the counts' 10000 steps; hop: the
+// lookups walk to the end), and the same cut at 32 KB, where a last subobject may run past the
+// end. One of each: the plain walks take a minute on them under the sanitizers.
 TEST_P(WalkEquivalence, ObjectsOf64K) {
     Family dense = *GetParam();
     dense.good = dense.dense;
