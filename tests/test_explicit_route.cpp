@@ -82,11 +82,9 @@ TEST(ExplicitRoute, Validation) {
         EXPECT_EQ(rsvp_valid_object(h.data()), len >= 4 && len % 4 == 0 ? 1u : 0u);
     }
     EXPECT_EQ(rsvp_valid_explicit_route(nullptr), 0);
-    for (size_t at : {2, 3, 4}) {  // class 21, C-Type 2, first hop of type 2 and length 8
-        Bytes b = full;
-        ++b[at];
-        EXPECT_EQ(rsvp_valid_explicit_route(b.data()), 0) << at;
-    }
+    // Class 21, C-Type 2, a first hop of type 2 and length 8.
+    for (Bytes b : {object(21, 1, {}), object(20, 2, {}), object(20, 1, hex("02 08 0a 00 00 01"))})
+        EXPECT_EQ(rsvp_valid_explicit_route(b.data()), 0) << to_hex(b);
 }
 
 // Every kind of hop read back, the refusals and the accessors. The walk and the counts are
