@@ -82,20 +82,16 @@ TEST(ExplicitRoute, Validation) {
         EXPECT_EQ(rsvp_valid_object(h.data()), len >= 4 && len % 4 == 0 ? 1u : 0u);
     }
     EXPECT_EQ(rsvp_valid_explicit_route(nullptr), 0);
-    for (size_t at : {2, 3, 4}) {  // class 21, C-Type 2, first hop of type 2 and length 8
-        Bytes b = full;
-        ++b[at];
-        EXPECT_EQ(rsvp_valid_explicit_route(b.data()), 0) << at;
-    }
+    // Class 21, C-Type 2, a first hop of type 2 and length 8.
+    for (Bytes b : {object(21, 1, {}), object(20, 2, {}), object(20, 1, hex("02 08 0a 00 00 01"))})
+        EXPECT_EQ(rsvp_valid_explicit_route(b.data()), 0) << to_hex(b);
 }
 
-// The walk over every kind of hop, the values read back and the refusals. The counts and the
-// walk on broken routes are compared with a plain walk in test_walk_equivalence.
-TEST(ExplicitRoute, ExtractRefusalsAndCounts) {
+// Every kind of hop read back, the refusals and the accessors. The walk and the counts are
+// compared with a plain walk in test_walk_equivalence.
+TEST(ExplicitRoute, ExtractorsAndAccessors) {
     Bytes b = hex(kRoute);
-    uint8_t *ipv4 = b.data() + 4, *unnum = b.data() + 12, *as_hop = b.data() + 24, *sub = nullptr;
-    for (uint8_t *want : {ipv4, unnum, as_hop, static_cast<uint8_t *>(nullptr)})
-        EXPECT_EQ(sub = rsvp_extract_ero_next_subobject(b.data(), sub), want);
+    uint8_t *ipv4 = b.data() + 4, *unnum = b.data() + 12, *as_hop = b.data() + 24;
     uint32_t addr = 1, router = 1, ifid = 2;
     uint8_t plen = 3;
     uint16_t as = 4;
@@ -112,6 +108,24 @@ TEST(ExplicitRoute, ExtractRefusalsAndCounts) {
                   rsvp_extract_ero_subobject_as(ipv4, &as),
               0);
     EXPECT_EQ(std::tuple(addr, ifid, plen, as), std::tuple(1u, 2u, uint8_t{3}, uint16_t{4}));
+
+    EXPECT_EQ(RSVP_ERO_GENERIC_TYPE(unnum), 0x84);  // raw, L bit included
+    EXPECT_EQ(RSVP_ERO_GENERIC_LENGTH(unnum), 12);
+    RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX(ipv4, ip("9.9.9.9"));
+    RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX_LEN(ipv4, 8);
+    // The setters check validity, not the type: on the unnumbered hop they write byte 6 too.
+    RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX_LEN(unnum, 0x55);
+    EXPECT_EQ(to_hex(ipv4, 16), "01 08 09 09 09 09 08 00 84 0c 00 00 01 01 55 01");
+    Bytes bad = hex("03 08 0a 00 00 01 20 00");
+    EXPECT_EQ(RSVP_ERO_GENERIC_TYPE(bad.data()) + RSVP_ERO_GENERIC_LENGTH(bad.data()), 0);
+    RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX(bad.data(), ip("9.9.9.9"));
+    RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX_LEN(bad.data(), 8);
+    EXPECT_EQ(to_hex(bad), "03 08 0a 00 00 01 20 00");
+    // The first-subobject accessor asks the dispatcher, which wants a multiple of 4.
+    EXPECT_EQ(RSVP_ERO_FIRST_SUBOBJ(b.data()), ipv4);
+    EXPECT_EQ(RSVP_ERO_FIRST_SUBOBJ(nullptr), nullptr);
+    RSVP_SET_OBJECT_LENGTH(b.data(), 27);  // a valid route (see Validation)
+    EXPECT_EQ(RSVP_ERO_FIRST_SUBOBJ(b.data()), nullptr);
 }
 
 TEST(ExplicitRoute, CompareSubobjects) {
@@ -127,27 +141,4 @@ TEST(ExplicitRoute, CompareSubobjects) {
     EXPECT_GT(cmp(a, shorter), 0);
     EXPECT_LT(cmp(a, loose), 0);  // the L bit takes part
     EXPECT_EQ(cmp(a, unnum), 1);  // lengths differ: 1, whatever the bytes say
-}
-
-TEST(ExplicitRoute, Accessors) {
-    Bytes b = hex(kRoute);
-    uint8_t *ipv4 = b.data() + 4, *unnum = b.data() + 12;
-    EXPECT_EQ(RSVP_ERO_GENERIC_TYPE(unnum), 0x84);  // raw, L bit included
-    EXPECT_EQ(RSVP_ERO_GENERIC_LENGTH(unnum), 12);
-    RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX(ipv4, ip("9.9.9.9"));
-    RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX_LEN(ipv4, 8);
-    // The setters check validity, not the type: on the unnumbered hop they write byte 6 too.
-    RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX_LEN(unnum, 0x55);
-    EXPECT_EQ(to_hex(ipv4, 16), "01 08 09 09 09 09 08 00 84 0c 00 00 01 01 55 01");
-    Bytes bad = hex("03 08 0a 00 00 01 20 00");
-    EXPECT_EQ(RSVP_ERO_GENERIC_TYPE(bad.data()) + RSVP_ERO_GENERIC_LENGTH(bad.data()), 0);
-    RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX(bad.data(), ip("9.9.9.9"));
-    RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX_LEN(bad.data(), 8);
-    EXPECT_EQ(to_hex(bad), "03 08 0a 00 00 01 20 00");
-
-    // The first-subobject accessor asks the dispatcher, which wants a multiple of 4.
-    EXPECT_EQ(RSVP_ERO_FIRST_SUBOBJ(b.data()), ipv4);
-    EXPECT_EQ(RSVP_ERO_FIRST_SUBOBJ(nullptr), nullptr);
-    RSVP_SET_OBJECT_LENGTH(b.data(), 27);  // a valid route (see Validation)
-    EXPECT_EQ(RSVP_ERO_FIRST_SUBOBJ(b.data()), nullptr);
 }

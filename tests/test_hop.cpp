@@ -55,30 +55,25 @@ TEST(Hop, TwinAccessorsActOnlyOnValidObjects) {
     EXPECT_EQ(RSVP_HOP_IPV4_NEIGHBOR(b.data()), ip("1.2.3.4"));
     EXPECT_EQ(RSVP_HOP_LIF_HANDLE(b.data()), 0xAABBCCDDu);
     EXPECT_EQ(RSVP_HOP_IF_ID_LIF_HANDLE(b.data()), 0xAABBCCDDu);
-    b[3] = 2;  // now invalid: getters 0, setters silent, except RSVP_HOP_IF_ID_SET_NEIGHBOR
-    EXPECT_EQ(RSVP_HOP_NEIGHBOR(b.data()) + RSVP_HOP_IF_ID_NEIGHBOR(b.data()) +
-                  RSVP_HOP_IPV4_LIF_HANDLE(b.data()),
-              0u);
-    RSVP_HOP_IPV4_SET_NEIGHBOR(b.data(), kA);
-    RSVP_HOP_SET_LIF_HANDLE(b.data(), 1);
-    RSVP_HOP_IF_ID_SET_LIF_HANDLE(b.data(), 1);
-    EXPECT_EQ(to_hex(b), "00 0c 03 02 01 02 03 04 aa bb cc dd");
+    // An invalid hop, and valid objects too short for the fields (a 4-byte IF_ID hop, an
+    // object of another class): getters answer 0, setters write nothing, nothing behind is read.
+    for (const char *hdr : {"00 0c 03 02", "00 04 03 03", "00 04 0e 01"}) {
+        SCOPED_TRACE(hdr);
+        Bytes o = concat({hex(hdr), hex("0a 00 00 02 00 00 00 07")});
+        EXPECT_EQ(RSVP_HOP_NEIGHBOR(o.data()) + RSVP_HOP_IF_ID_NEIGHBOR(o.data()) +
+                      RSVP_HOP_IPV4_LIF_HANDLE(o.data()) + RSVP_HOP_IF_ID_LIF_HANDLE(o.data()),
+                  0u);
+        RSVP_HOP_IPV4_SET_NEIGHBOR(o.data(), kA);
+        RSVP_HOP_SET_LIF_HANDLE(o.data(), 1);
+        RSVP_HOP_IF_ID_SET_LIF_HANDLE(o.data(), 1);
+        EXPECT_EQ(to_hex(o.data() + 4, 8), "0a 00 00 02 00 00 00 07");
+    }
+    // Except RSVP_HOP_IF_ID_SET_NEIGHBOR, which writes whatever the object's validity.
+    b[3] = 2;
     RSVP_HOP_IF_ID_SET_NEIGHBOR(b.data(), kA);
     EXPECT_EQ(to_hex(b), "00 0c 03 02 0a 00 00 01 aa bb cc dd");
     EXPECT_EQ(RSVP_HOP_IF_ID_SUBOBJ_PTR(b.data()), nullptr);
     EXPECT_EQ(rsvp_extract_hop_if_id_next_subobj(nullptr, nullptr), nullptr);
-    // A valid object too short for the field (a 4-byte IF_ID hop, an object of another class)
-    // answers as an invalid one: nothing behind it is read or written.
-    for (Bytes o : {concat({object(3, 3, Bytes{}), hex("0a 00 00 02 00 00 00 07")}),
-                    concat({object(14, 1, Bytes{}), hex("0a 00 00 02 00 00 00 07")})}) {
-        SCOPED_TRACE(to_hex(o));
-        EXPECT_EQ(RSVP_HOP_NEIGHBOR(o.data()) + RSVP_HOP_IF_ID_NEIGHBOR(o.data()) +
-                      RSVP_HOP_IPV4_LIF_HANDLE(o.data()) + RSVP_HOP_IF_ID_LIF_HANDLE(o.data()),
-                  0u);
-        RSVP_HOP_SET_NEIGHBOR(o.data(), kA);
-        RSVP_HOP_IF_ID_SET_LIF_HANDLE(o.data(), 0x0102);
-        EXPECT_EQ(to_hex(o.data() + 4, 8), "0a 00 00 02 00 00 00 07");
-    }
     // An 8-byte TIME_VALUES holds a neighbor's worth of bytes but no handle.
     Bytes tv = hex("00 08 05 01 00 00 75 30 00 00 00 07");
     EXPECT_EQ(RSVP_HOP_LIF_HANDLE(tv.data()) + RSVP_HOP_IF_ID_LIF_HANDLE(tv.data()), 0u);
@@ -128,15 +123,12 @@ TEST(HopIfId, AddsTlvsOncePerTypeAndLooksThemUp) {
 
 TEST(HopIfIdDeathTest, AddAssertsThatTlvsEndAtTheObjectLength) {
     // A 12-byte TLV in a 20-byte object overshoots; a 4-byte object starts behind its TLVs;
-    // an invalid TLV cannot be stepped over. Each add function meets one of them.
+    // an invalid TLV cannot be stepped over.
     Bytes over = if_id_hop("00 03 00 0c 0a 00 00 01"), four = object(3, 3, Bytes(16, 0), 4),
           bad = if_id_hop("00 02 00 08 0a 00 00 01");
     EXPECT_RSVP_ASSERT(rsvp_add_ipv4_intf(over.data(), kA), "assertion failed");
-    EXPECT_RSVP_ASSERT(rsvp_add_index_rev_intf(over.data(), kA, 1), "assertion failed");
-    EXPECT_RSVP_ASSERT(rsvp_add_ipv4_fwd_intf(four.data(), kA), "assertion failed");
     EXPECT_RSVP_ASSERT(rsvp_add_index_fwd_rev_intf(four.data(), kA, 1), "assertion failed");
     EXPECT_RSVP_ASSERT(rsvp_add_index_fwd_intf(bad.data(), kA, 1), "assertion failed");
-    EXPECT_RSVP_ASSERT(rsvp_add_ipv4_intf(bad.data(), kA), "assertion failed");
     // The duplicate is found during the walk, before the overshoot.
     EXPECT_EQ(rsvp_add_index_fwd_rev_intf(over.data(), kA, 1), 0);
 }
@@ -161,8 +153,6 @@ TEST(HopIfId, TlvValidation) {
 // The last TLV is not checked against the object end, not even its header: in a 14-byte
 // object the header of a type-1 TLV straddles the end and the object still validates.
 TEST(HopIfId, LastTlvHeaderStraddlingTheEndIsNotDetected) {
-    HeapBytes b = heap_copy(hex("00 0e 03 03 0a 00 00 01 00 00 00 00 00 01"), 6);
-    const uint8_t behind[] = {0x00, 0x08, 0x0a, 0x00, 0x00, 0x02};
-    std::memcpy(b.data() + 14, behind, sizeof behind);
+    HeapBytes b = heap_copy(hex("00 0e 03 03 0a 00 00 01 00 00 00 00 00 01 | 00 08 0a 00 00 02"));
     EXPECT_EQ(rsvp_valid_hop_if_id(b.data()), 1);
 }

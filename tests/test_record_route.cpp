@@ -72,8 +72,8 @@ TEST(RecordRoute, LengthQuirksOfTheFrontInsert) {
     EXPECT_EQ(to_hex(b.data(), 20), "01 0c 15 01 22 08 00 00 00 00 00 07 01 08 0a 00 00 1f 20 00");
 }
 
-// No L bit: 0x81 is an unknown type, valid at any whole-word length.
-TEST(RecordRoute, SubobjectValidationAndAccessors) {
+// Subobjects, then objects. No L bit: 0x81 is an unknown type, valid at any whole-word length.
+TEST(RecordRoute, ValidationAndAccessors) {
     const struct {
         const char *bytes;
         int valid;
@@ -88,11 +88,9 @@ TEST(RecordRoute, SubobjectValidationAndAccessors) {
         EXPECT_EQ(RSVP_RRO_GENERIC_LENGTH(s.data()), r.valid ? s.data()[1] : 0);
     }
     EXPECT_EQ(valid_record_route_subobject(nullptr) + RSVP_RRO_GENERIC_TYPE(nullptr), 0);
-}
 
-// Cut at every length: only the bare header and the subobject ends validate. Unlike
-// EXPLICIT_ROUTE, a last subobject that reaches past the end is invalid.
-TEST(RecordRoute, ObjectValidationLengthSweep) {
+    // Cut at every length: only the bare header and the subobject ends validate. Unlike
+    // EXPLICIT_ROUTE, a last subobject that reaches past the end is invalid.
     const Bytes full = hex(kSample);
     for (size_t n = 0; n <= full.size(); ++n) {
         SCOPED_TRACE(n);
@@ -103,22 +101,16 @@ TEST(RecordRoute, ObjectValidationLengthSweep) {
         EXPECT_EQ(rsvp_valid_record_route(h.data()), ends ? 1 : 0);
         EXPECT_EQ(rsvp_valid_object(h.data()), ends ? 1u : 0u);
     }
-    for (size_t at : {2, 3}) {  // class 22, C-Type 2
-        Bytes other = full;
-        ++other[at];
-        EXPECT_EQ(rsvp_valid_record_route(other.data()), 0) << at;
-    }
+    for (Bytes other : {object(22, 1, {}), object(21, 2, {})})
+        EXPECT_EQ(rsvp_valid_record_route(other.data()), 0) << to_hex(other);
     EXPECT_EQ(rsvp_valid_record_route(nullptr), 0);
 }
 
-// The walk on broken routes and the counts are compared with a plain walk in
-// test_walk_equivalence; here, every kind read back and the extractors' refusals.
-TEST(RecordRoute, WalkerAndExtractorsRefuseBadInputAndLeaveOutputs) {
+// Every kind read back and the extractors' refusals. The walk and the counts are compared with
+// a plain walk in test_walk_equivalence.
+TEST(RecordRoute, ExtractorsReadBackAndRefuse) {
     HeapBytes o = heap_copy(hex(kSample));
-    uint8_t *ipv4 = o.data() + 4, *label = o.data() + 12, *unnum = o.data() + 20, *sub = nullptr;
-    // The walk, and every kind of subobject read back.
-    for (uint8_t *want : {ipv4, label, unnum, o.data() + 32, static_cast<uint8_t *>(nullptr)})
-        EXPECT_EQ(sub = rsvp_extract_rro_next_subobject(o.data(), sub), want);
+    uint8_t *ipv4 = o.data() + 4, *label = o.data() + 12, *unnum = o.data() + 20;
     uint32_t addr = 0, if_id = 0, values[RSVP_RRO_MAX_VALUES] = {}, *labels = values;
     uint8_t plen = 0, flags = 0, count = 0, c_type = 0;
     ASSERT_EQ(rsvp_extract_rro_subobject_ipv4(ipv4, &addr, &plen, &flags), 1);
@@ -139,10 +131,9 @@ TEST(RecordRoute, WalkerAndExtractorsRefuseBadInputAndLeaveOutputs) {
     EXPECT_EQ(rsvp_extract_rro_subobject_srlg_count(o.data() + 32), 2);
     EXPECT_EQ(rsvp_extract_rro_subobject_label_count(unnum), 0);
     EXPECT_EQ(rsvp_extract_rro_subobject_srlg_count(label), 0);
-    Bytes bad = hex("01 0c 0a 00 00 01 20 01 00 00 00 00");  // IPv4 of length 12
-    EXPECT_EQ(rsvp_extract_rro_subobject_ipv4(bad.data(), &a, &c, &d), 0);
-    bad = hex("81 08 0a 00 00 01 20 01");  // no L bit: a valid subobject of type 0x81
-    EXPECT_EQ(rsvp_extract_rro_subobject_ipv4(bad.data(), &a, &c, &d), 0);
+    // An IPv4 hop of length 12; a valid subobject of type 0x81 (no L bit).
+    for (const char *bad : {"01 0c 0a 00 00 01 20 01 00 00 00 00", "81 08 0a 00 00 01 20 01"})
+        EXPECT_EQ(rsvp_extract_rro_subobject_ipv4(hex(bad).data(), &a, &c, &d), 0) << bad;
     EXPECT_EQ(std::tie(a, b, c, d), std::make_tuple(1u, 2u, uint8_t{3}, uint8_t{4}));
 }
 
