@@ -37,7 +37,7 @@ TEST(LabelSet, BuildAddExtract) {
     EXPECT_EQ((std::vector<uint32_t>{count, action, type, action32, n, out[1]}),
               (std::vector<uint32_t>{2, 0, 1, 3, 2, 0x12345678}));
     // An add goes behind the last whole label: Length 10 puts it at 8 and becomes 14.
-    Bytes odd = object(36, 1, hex("00 00 00 01 aa bb ee ee"), 10), short_obj = object(36, 1, {}, 7);
+    Bytes odd = object(36, 1, hex("00 00 00 01 aa bb ee ee"), 10), short_obj = hex("00 07 24 01");
     rsvp_add_label_set_obj(odd.data(), 0x01020304);
     rsvp_add_label_set_obj(short_obj.data(), 5);
     EXPECT_EQ(to_hex(odd) + " | " + to_hex(short_obj),
