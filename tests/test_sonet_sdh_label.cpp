@@ -45,10 +45,7 @@ TEST(SonetSdhLabel, AddRefusesDuplicatesAndExtractCountsFromZero) {
 }
 
 TEST(SonetSdhLabelDeathTest, NibblesAbove15AndIndexZeroStopTheProcess) {
-    Bytes b(16);
-    rsvp_build_gen_label_sonet_sdh(b.data());
-    rsvp_add_gen_label_sonet_sdh(b.data(), 1, 0, 0, 0, 0);
-    rsvp_add_gen_label_sonet_sdh(b.data(), 2, 0, 0, 0, 0);
+    Bytes b = object(16, 2, hex("00 01 00 00 00 02 00 00"));  // two words
     uint32_t s, u, k, l, m;
     // The nibbles are checked before the Length: a 3-byte object stops the process too.
     Bytes tiny = hex("00 03 10 02");
