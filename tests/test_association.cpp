@@ -75,8 +75,8 @@ TEST(Association, ExtractorsTrustTheirCaller) {
                                                  capacity, &count);
     };
     EXPECT_EQ(extract4(ids, 8), 0);
-    EXPECT_EQ(std::tuple(type, id, src[0], global, count, ids[0]),
-              std::tuple(1, 9, kSrc, 0xABCDu, 3, 0u));
+    EXPECT_EQ(std::tuple(type, id, src[0], src[1], global, count, ids[0]),
+              std::tuple(1, 9, kSrc, 0u, 0xABCDu, 3, 0u));    // one source word only
     EXPECT_EQ(extract4(nullptr, 12) + extract4(ids, 12), 2);  // the count alone, then the IDs
     EXPECT_EQ(std::tuple(ids[0], ids[1], ids[2]), std::tuple(kIds[0], kIds[1], kIds[2]));
     // The IPv6 extended form reckons 32 fixed bytes: Length 40 holds two IDs, read from 28.

@@ -43,7 +43,7 @@ TEST(GeneralizedLabel, WrappersKeepToTheirClass) {
     }
     for (uint8_t cls : {0, 17, 19, 36, 130, 234, 235}) {
         SCOPED_TRACE(int(cls));
-        Bytes b(8, 0xEE), o = object(cls, 2, {});
+        Bytes b(8, 0xEE), o = object(cls, 2, Bytes(4, 0));
         EXPECT_EQ(rsvp_generalized_label_build(b.data(), labels, 0, cls) +
                       rsvp_generalized_label_build(b.data(), nullptr, 1, cls) +
                       rsvp_generalized_label_build(nullptr, labels, 1, cls),

@@ -21,14 +21,16 @@ TEST(LabelSet, BuildAddExtract) {
     uint32_t *labels = nullptr, n = 0, out[2] = {7, 7};
     uint8_t count = 0, action = 9, action32 = 9;
     uint16_t type = 0;
-    // Refusals, wrong count or class or a null output included, leave the outputs untouched.
-    EXPECT_EQ(rsvp_extract_32bit_label_set_obj_labels(d.data(), 130, 1, out) +
+    // Refusals (the plain extractor on the class-130 set, a wrong count or class, a null output)
+    // leave the outputs untouched.
+    EXPECT_EQ(rsvp_extract_label_set_obj(d.data(), &labels, &count, &action, &type) +
+                  rsvp_extract_32bit_label_set_obj_labels(d.data(), 130, 1, out) +
                   rsvp_extract_32bit_label_set_obj_labels(d.data(), 36, 2, out) +
                   rsvp_extract_32bit_label_set_obj_labels(d.data(), 130, 2, nullptr) +
                   rsvp_extract_32bit_label_set_obj(d.data(), 36, &action32, &n) +
                   rsvp_extract_32bit_label_set_obj(d.data(), 130, &action32, nullptr),
               0);
-    EXPECT_EQ(out[0] + out[1] + action32 + n, 7u + 7 + 9);
+    EXPECT_EQ(out[0] + out[1] + action32 + action + n, 7u + 7 + 9 + 9);
     ASSERT_EQ(rsvp_extract_label_set_obj(b.data(), &labels, &count, &action, &type) +
                   rsvp_extract_32bit_label_set_obj(d.data(), 130, &action32, &n) +
                   rsvp_extract_32bit_label_set_obj_labels(d.data(), 130, 2, out),
@@ -37,7 +39,7 @@ TEST(LabelSet, BuildAddExtract) {
     EXPECT_EQ((std::vector<uint32_t>{count, action, type, action32, n, out[1]}),
               (std::vector<uint32_t>{2, 0, 1, 3, 2, 0x12345678}));
     // An add goes behind the last whole label: Length 10 puts it at 8 and becomes 14.
-    Bytes odd = object(36, 1, hex("00 00 00 01 aa bb ee ee"), 10), short_obj = object(36, 1, {}, 7);
+    Bytes odd = object(36, 1, hex("00 00 00 01 aa bb ee ee"), 10), short_obj = hex("00 07 24 01");
     rsvp_add_label_set_obj(odd.data(), 0x01020304);
     rsvp_add_label_set_obj(short_obj.data(), 5);
     EXPECT_EQ(to_hex(odd) + " | " + to_hex(short_obj),

@@ -63,7 +63,7 @@ TEST(LspAttributes, ValidatorAndWalk) {
         HeapBytes o = heap_copy(cut);
         EXPECT_EQ(rsvp_valid_lsp_attributes(o.data()), len == 4 || len == 12) << len;
     }
-    Bytes two = object(197, 1, hex("0005 0005 aa  0006 0007 bbccdd")), empty = object(197, 1, {});
+    Bytes two = object(197, 1, hex("0005 0005 aa  0006 0007 bbccdd")), empty = hex("00 04 c5 01");
     uint8_t *t1 = rsvp_get_lsp_attr_next_tlv(two.data(), nullptr);
     uint8_t *t2 = rsvp_get_lsp_attr_next_tlv(two.data(), t1);
     EXPECT_EQ((t1 - two.data()) * 10 + (t2 - two.data()), 49);
@@ -96,7 +96,7 @@ TEST(Diffserv, ValidatorFollowsMapCount) {
         EXPECT_EQ(rsvp_valid_diffserv(o.data()), r.valid);
         EXPECT_EQ(rsvp_diffserv_length(o.data(), r.c_type), r.must_have);
     }
-    HeapBytes header_only = heap_copy(object(65, 1, {}));
+    HeapBytes header_only = heap_copy(hex("00 04 41 01"));
     EXPECT_EQ(rsvp_valid_diffserv(header_only.data()) + rsvp_valid_diffserv(nullptr) +
                   rsvp_diffserv_length(nullptr, 2),
               0);

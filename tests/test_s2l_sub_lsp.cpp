@@ -15,10 +15,7 @@ TEST(S2lSubLsp, BuildValidateExtract) {
     const int rows[][3] = {{1, 8, 1}, {1, 12, 0}, {2, 20, 1}, {2, 8, 0}, {2, 24, 0}, {3, 8, 0}};
     for (const auto &[ctype, len, valid] : rows) {
         SCOPED_TRACE(testing::Message() << ctype << " length " << len);
-        Bytes bytes = hex("00 00 32 00 0a 00 00 07");  // Length and C-Type set below
-        bytes[1] = uint8_t(len);
-        bytes[3] = uint8_t(ctype);
-        HeapBytes o = heap_copy(bytes, 20);
+        HeapBytes o = heap_copy(object(50, uint8_t(ctype), hex("0a 00 00 07"), len), 20);
         EXPECT_EQ(rsvp_valid_object(o.data()), uint32_t(valid));
         uint32_t dest = 1;
         EXPECT_EQ(rsvp_extract_s2l_sub_lsp_ipv4(o.data(), &dest), valid && ctype == 1);

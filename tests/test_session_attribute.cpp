@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <tuple>
 
 #include "rsvp_object_lib.h"
 #include "test_util.hpp"
@@ -68,14 +69,12 @@ TEST(SessionAttribute, ClampAndExtract) {
     auto extract = [&](Bytes &o) {
         const int ok =
             rsvp_extract_session_attribute(o.data(), &s, &h, &f, &n, &name, &m[0], &m[1], &m[2]);
-        return std::to_string(ok) + " " + std::string(name, n) + " " +
-               std::to_string(s * 100 + h * 10 + f) + " " + std::to_string(m[0]) + " " +
-               std::to_string(m[1]) + " " + std::to_string(m[2]);
+        return std::tuple(ok, std::string(name, n), s * 100 + h * 10 + f, m[0], m[1], m[2]);
     };
-    EXPECT_EQ(extract(ra), "1 ABCD 251 1 2 2147483651");
-    EXPECT_EQ(extract(t7), "1 XY 123 0 0 0");
+    EXPECT_EQ(extract(ra), std::tuple(1, "ABCD", 251, 1u, 2u, 0x80000003u));
+    EXPECT_EQ(extract(t7), std::tuple(1, "XY", 123, 0u, 0u, 0u));
     t7[4] = 8;  // setup priority 8: invalid, outputs stay
-    EXPECT_EQ(extract(t7), "0 XY 123 0 0 0");
+    EXPECT_EQ(extract(t7), std::tuple(0, "XY", 123, 0u, 0u, 0u));
 }
 
 // protected reads the local-protection bit unvalidated; the flag accessors validate first, and

@@ -37,7 +37,7 @@ TEST(SonetSdhLabel, AddRefusesDuplicatesAndExtractCountsFromZero) {
               2);
     // The add looks neither at class nor C-Type; it needs a Length of 4 at least, writes behind
     // the last whole word and adds 4 to the Length as it stands.
-    Bytes any = object(7, 9, Bytes(4, 0xEE), 6), tiny = object(16, 2, {}, 3);
+    Bytes any = object(7, 9, Bytes(4, 0xEE), 6), tiny = hex("00 03 10 02");
     EXPECT_EQ(rsvp_add_gen_label_sonet_sdh(any.data(), 1, 0, 0, 0, 0) +
                   rsvp_add_upstream_label_sonet_sdh(tiny.data(), 1, 0, 0, 0, 0),
               1);
@@ -45,13 +45,10 @@ TEST(SonetSdhLabel, AddRefusesDuplicatesAndExtractCountsFromZero) {
 }
 
 TEST(SonetSdhLabelDeathTest, NibblesAbove15AndIndexZeroStopTheProcess) {
-    Bytes b(16);
-    rsvp_build_gen_label_sonet_sdh(b.data());
-    rsvp_add_gen_label_sonet_sdh(b.data(), 1, 0, 0, 0, 0);
-    rsvp_add_gen_label_sonet_sdh(b.data(), 2, 0, 0, 0, 0);
+    Bytes b = object(16, 2, hex("00 01 00 00 00 02 00 00"));  // two words
     uint32_t s, u, k, l, m;
     // The nibbles are checked before the Length: a 3-byte object stops the process too.
-    Bytes tiny = object(16, 2, {}, 3);
+    Bytes tiny = hex("00 03 10 02");
     EXPECT_DEATH(rsvp_add_gen_label_sonet_sdh(tiny.data(), 3, 16, 0, 0, 0), "");
     EXPECT_DEATH(rsvp_add_upstream_label_sonet_sdh(b.data(), 3, 0, 16, 0, 0), "");
     EXPECT_DEATH(rsvp_add_gen_label_sonet_sdh(b.data(), 3, 0, 0, 16, 0), "");
