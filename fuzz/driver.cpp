@@ -17,7 +17,38 @@ std::vector<SeedBuilder> &seed_builders() {
     return v;
 }
 
+std::vector<UnitExerciser> &unit_exercisers() {
+    static std::vector<UnitExerciser> v;
+    return v;
+}
+
+// The input being run and the units met in it so far.
+std::span<const uint8_t> current_input;
+std::vector<Bytes> unit_pool;
+
 }  // namespace
+
+bool register_unit_exerciser(UnitExerciser fn) {
+    unit_exercisers().push_back(fn);
+    return true;
+}
+
+void share_unit(const uint8_t *unit, size_t len, const uint8_t *end) {
+    unit_pool.emplace_back(unit, unit + std::min<size_t>(len, static_cast<size_t>(end - unit)));
+}
+
+void fill_from_input(uint8_t *dst, size_t n, size_t from) {
+    const size_t size = current_input.size();
+    if (size == 0) {
+        std::memset(dst, 0, n);
+        return;
+    }
+    for (size_t i = 0; i < n;) {  // whole stretches of the input at a time
+        const size_t at = (from + i) % size, take = std::min(n - i, size - at);
+        std::memcpy(dst + i, current_input.data() + at, take);
+        i += take;
+    }
+}
 
 bool register_exerciser(Exerciser fn) {
     exercisers().push_back(fn);
@@ -41,16 +72,22 @@ void run_one(const uint8_t *data, size_t size) {
     auto run = std::make_unique<uint8_t[]>(std::max<size_t>(size, 1));
     if (size) std::memcpy(run.get(), data, size);
     const auto run_len = static_cast<uint32_t>(size);
+    current_input = std::span<const uint8_t>(run.get(), size);
+    unit_pool.clear();
 
     std::vector<std::unique_ptr<uint8_t[]>> owned;
     std::vector<Object> objects;
     auto take = [&](uint8_t *obj) {
-        size_t room = 0;
-        owned.push_back(copy_with_room(obj, run.get() + run_len, room));
+        const uint16_t length = RSVP_OBJECT_LENGTH(obj);
+        const size_t room = deliberate_read_room(obj, length);
+        const size_t end_at = static_cast<size_t>(obj - run.get()) + length;
+        owned.push_back(std::make_unique<uint8_t[]>(length + room));
         uint8_t *copy = owned.back().get();
-        objects.push_back(
-            Object{copy, RSVP_OBJECT_LENGTH(copy), static_cast<uint8_t>(RSVP_OBJECT_CLASS(copy)),
-                   static_cast<uint8_t>(RSVP_OBJECT_C_TYPE(copy)), rsvp_valid_object(copy), room});
+        std::memcpy(copy, obj, length);
+        fill_from_input(copy + length, room, end_at);
+        objects.push_back(Object{copy, length, static_cast<uint8_t>(RSVP_OBJECT_CLASS(copy)),
+                                 static_cast<uint8_t>(RSVP_OBJECT_C_TYPE(copy)),
+                                 rsvp_valid_object(copy), room, end_at});
     };
 
     // The walk never returns its starting object, so the first one is taken by hand when its
@@ -79,6 +116,8 @@ void run_one(const uint8_t *data, size_t size) {
 
     for (Exerciser fn : exercisers())
         fn(objects);
+    for (UnitExerciser fn : unit_exercisers())
+        fn(unit_pool);
 }
 
 }  // namespace rsvp_fuzz

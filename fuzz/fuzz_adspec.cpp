@@ -1,6 +1,8 @@
 // ADSPEC: the validator, the fixed-position fragment extractors, the service query (which does
 // not validate, so every class-13 object is asked), the accessors over the object and over the
-// fragments found, and the setters on scratch copies followed by a second validation.
+// fragments found, and the setters on scratch copies followed by a second validation. The
+// fragment accessors, which read fixed offsets unchecked, also take every unit of the pool in a
+// copy as long as a Guaranteed fragment's error terms.
 #include "fuzz_registry.hpp"
 #include "rsvp_object_lib.h"
 
@@ -19,7 +21,7 @@ constexpr size_t kExtractReach = 84;
 constexpr size_t kQosHdrReach = 12;
 constexpr size_t kQosWalkStart = 44;
 
-// A copy of the object with zeroed room behind it for the deliberate reads past its end.
+// A copy of the object with room behind it for the deliberate reads past its end.
 Scratch roomy_copy(const Object &o) {
     Scratch hdr = scratch_copy(o, kQosHdrReach);
     const uint8_t *h = hdr.data();
@@ -30,12 +32,13 @@ Scratch roomy_copy(const Object &o) {
     return scratch_copy(o, reach > o.length ? reach - o.length : 0);
 }
 
-void exercise_fragment(uint8_t *frag, uint8_t *obj, const Object &o, bool gtd) {
+// The accessors of a fragment whose Guaranteed error terms are read only below end.
+void exercise_fragment(uint8_t *frag, const uint8_t *end, bool gtd) {
     keep(RSVP_ADSPEC_FRAG_HDR_SERVICE_ID(frag) + RSVP_ADSPEC_FRAG_HDR_BREAK_BIT(frag) +
          RSVP_ADSPEC_FRAG_HDR_SERVICE_LENGTH(frag));
     keep(RSVP_ADSPEC_FRAG_HDR_FIRST_OBJECT(frag));
     keep(gtd ? RSVP_GTD_FRAG_HDR_PTR(frag) : RSVP_CLOAD_FRAG_HDR_PTR(frag));
-    if (gtd && frag + kGtdFragLen <= obj + o.length)
+    if (gtd && frag + kGtdFragLen <= end)
         keep(RSVP_INTSRV_INTEGER_OBJECT_VALUE(RSVP_GTD_CTOT_PTR(frag)) +
              RSVP_INTSRV_INTEGER_OBJECT_VALUE(RSVP_GTD_DTOT_PTR(frag)) +
              RSVP_INTSRV_INTEGER_OBJECT_VALUE(RSVP_GTD_CSUM_PTR(frag)) +
@@ -51,8 +54,14 @@ void exercise_valid(const Object &o) {
     keep(RSVP_ADSPEC_HDR_GENERAL_FRAGMENTS_PTR(a, 0));
     Scratch r = roomy_copy(o);
     uint8_t *gtd = nullptr, *cl = nullptr;
-    if (rsvp_adspec_extract_gtd_frag(r.data(), &gtd)) exercise_fragment(gtd, r.data(), o, true);
-    if (rsvp_adspec_extract_cl_frag(r.data(), &cl)) exercise_fragment(cl, r.data(), o, false);
+    if (rsvp_adspec_extract_gtd_frag(r.data(), &gtd)) {
+        exercise_fragment(gtd, r.data() + o.length, true);
+        share_unit(gtd, kGtdFragLen, r.data() + r.size);
+    }
+    if (rsvp_adspec_extract_cl_frag(r.data(), &cl)) {
+        exercise_fragment(cl, r.data() + o.length, false);
+        share_unit(cl, kGtdFragLen, r.data() + r.size);
+    }
 
     Scratch s = scratch_copy(o);
     RSVP_ADSPEC_HDR_SET_LENGTH(s.data(), static_cast<uint16_t>(RSVP_ADSPEC_HDR_LENGTH(a) + 1));
@@ -86,6 +95,15 @@ void exercise(std::span<const Object> objects) {
     }
 }
 
+void exercise_units(std::span<const Bytes> units) {
+    for (const Bytes &u : units) {
+        Scratch c = unit_copy(u, kGtdFragLen);
+        exercise_fragment(c.data(), c.data() + c.size, true);
+        RSVP_ADSPEC_FRAG_HDR_SET_BREAK_BIT(c.data(), c.data()[0]);
+        RSVP_ADSPEC_FRAG_HDR_SET_SERVICE_LENGTH(c.data(), 0);
+    }
+}
+
 void seeds(std::vector<Bytes> &out) {
     Bytes run(4 * RSVP_ADSPEC_BASELINE_MAX_LEN, 0);
     size_t at = 0;
@@ -110,4 +128,5 @@ void seeds(std::vector<Bytes> &out) {
 }  // namespace
 
 RSVP_FUZZ_EXERCISER(exercise);
+RSVP_FUZZ_UNITS(exercise_units);
 RSVP_FUZZ_SEEDS(seeds);

@@ -1,5 +1,5 @@
 // ASSOCIATION: the validators and ID lengths on every class-199 object; the extractors, which
-// trust their caller, on every class-199 object too, with zeroed room up to the fixed fields
+// trust their caller, on every class-199 object too, with room up to the fixed fields
 // they read; each builder fed with what was extracted, which must give the object back.
 #include <cstdlib>
 #include <cstring>

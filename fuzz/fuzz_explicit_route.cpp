@@ -1,6 +1,7 @@
 // EXPLICIT_ROUTE: the validator on every class-20 object; on those that validate the walk,
 // the counts, every extractor and accessor on each hop, the subobject comparison on pairs of
-// hops, and both appends and the setters on scratch copies.
+// hops, and both appends and the setters on scratch copies. The hop functions also take every
+// unit of the pool, as far as its length byte claims (the comparison reads that far unchecked).
 #include "fuzz_registry.hpp"
 #include "rsvp_object_lib.h"
 
@@ -13,6 +14,7 @@ using namespace rsvp_fuzz;
 // subobject go there, and an append lands behind it.
 constexpr size_t kOverrun = RSVP_ERO_SUBOBJ_IPV6_PREFIX_LEN;
 constexpr size_t kAppendRoom = kOverrun + RSVP_ERO_SUBOBJ_UNNUM_LEN;
+constexpr size_t kHopPairLen = RSVP_ERO_SUBOBJ_IPV4_PREFIX_LEN + RSVP_ERO_SUBOBJ_UNNUM_LEN;
 
 void exercise_hop(uint8_t *sub, uint8_t *prev) {
     uint32_t addr = 0, if_id = 0;
@@ -36,11 +38,16 @@ void exercise_valid(const Object &o) {
     keep(RSVP_ERO_FIRST_SUBOBJ(obj));
     keep(rsvp_count_ero_subobject_ipv4(obj) + rsvp_count_ero_subobject_unnum(obj));
     uint8_t *prev = nullptr;
-    for (uint8_t *sub = rsvp_extract_ero_next_subobject(obj, nullptr); sub;
-         sub = rsvp_extract_ero_next_subobject(obj, sub)) {
+    auto step = [obj, length = o.length](uint8_t *sub) -> uint8_t * {
+        uint8_t *next = sub + RSVP_ERO_GENERIC_LENGTH(sub);
+        if (next - obj >= length || !rsvp_valid_explicit_route_subobject(next)) return nullptr;
+        return next;
+    };
+    walk_units(obj, rsvp_extract_ero_next_subobject, step, [&](uint8_t *sub) {
         exercise_hop(sub, prev);
+        share_unit(sub, sub[1], obj + s.size);
         prev = sub;
-    }
+    });
     if (prev) {
         RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX(prev, 0x0100000a);
         RSVP_ERO_SUBOBJ_SET_IPV4_PREFIX_LEN(prev, 24);
@@ -61,6 +68,16 @@ void exercise(std::span<const Object> objects) {
         if (o.class_num != RSVP_CLASS_EXPLICIT_ROUTE) continue;
         if (rsvp_valid_explicit_route(o.obj)) exercise_valid(o);
         keep(rsvp_count_ero_subobject_ipv4(o.obj));
+    }
+}
+
+// Each unit, and each with the one before it.
+void exercise_units(std::span<const Bytes> units) {
+    Scratch prev{};
+    for (const Bytes &u : units) {
+        Scratch s = claimed_copy(u, RSVP_ROUTE_SUBOBJ_HDR_LEN, UINT8_MAX);
+        exercise_hop(s.data(), prev.data());
+        prev = std::move(s);
     }
 }
 
@@ -86,9 +103,21 @@ void seeds(std::vector<Bytes> &out) {
     rsvp_build_explicit_route(run.data());
     run.insert(run.end(), b.begin(), b.end());
     out.push_back(run);
+    // A route as long as a message allows: strict and loose IPv4 and unnumbered hops, each
+    // unnumbered hop to a new interface (a repeated one is refused).
+    Bytes large(kLargeObjectLen, 0);
+    uint8_t *route = large.data();
+    rsvp_build_explicit_route(route);
+    for (uint32_t i = 0; RSVP_OBJECT_LENGTH(route) + kHopPairLen <= kLargeObjectLen; ++i) {
+        rsvp_add_explicit_route_ipv4(route, i & 1, 0x0000000a | i << 8, 16 + i % 17);
+        rsvp_add_explicit_route_unnum(route, ~i & 1, 0x0100000a, i);
+    }
+    large.resize(RSVP_OBJECT_LENGTH(route));
+    out.push_back(large);
 }
 
 }  // namespace
 
 RSVP_FUZZ_EXERCISER(exercise);
+RSVP_FUZZ_UNITS(exercise_units);
 RSVP_FUZZ_SEEDS(seeds);

@@ -1,6 +1,7 @@
 // SENDER_TSPEC and FLOWSPEC of C-Type 2: validators, extractors, getters and accessors on the
 // objects that validate, the orderings and the merge on pairs of valid flowspecs, and the
-// token bucket copy from each valid SENDER_TSPEC.
+// token bucket copy from each valid SENDER_TSPEC. The fragment accessors, which read fixed
+// offsets unchecked, also take every unit of the pool in a copy as long as their furthest read.
 //
 // The SENDER_TSPEC walk deliberately follows the overall length, which may claim up to four
 // times the body (words against bytes): every call on a SENDER_TSPEC gets a copy with that
@@ -28,7 +29,31 @@ bool is_intserv(const Object &o, uint8_t class_num) {
     return o.class_num == class_num && o.c_type == 2;
 }
 
-void exercise_tspec(uint8_t *t) {
+// The furthest any fragment accessor reads: the Guaranteed RSpec's slack term ends at 40.
+constexpr size_t kFragReach = RSVP_FLOWSPEC_GUARANTEED_LEN - 8;
+
+void token_bucket(uint8_t *g) {
+    keep_all(RSVP_TOKEN_BUCKET_FRAG_PARAM_ID(g), RSVP_TOKEN_BUCKET_FRAG_FLAGS(g),
+             RSVP_TOKEN_BUCKET_FRAG_PARAM_LEN(g), RSVP_TOKEN_BUCKET_FRAG_RATE(g),
+             RSVP_TOKEN_BUCKET_FRAG_DEPTH(g), RSVP_TOKEN_BUCKET_FRAG_PEAK(g),
+             RSVP_TOKEN_BUCKET_FRAG_MIN_UNIT(g), RSVP_TOKEN_BUCKET_FRAG_MAX_UNIT(g),
+             RSVP_INTSRV_SERVICE_ID(g), RSVP_INTSRV_SERVICE_LENGTH(g));
+}
+
+void qualitative(uint8_t *q) {
+    keep_all(RSVP_TSPEC_QUAL_FRAG_PARAM_ID(q), RSVP_TSPEC_QUAL_FRAG_FLAGS(q),
+             RSVP_TSPEC_QUAL_FRAG_PARAM_LEN(q), RSVP_TSPEC_QUAL_FRAG_MAX_UNIT(q),
+             RSVP_INTSRV_INTEGER_OBJECT_VALUE(q + 4));
+}
+
+void rspec(uint8_t *frag) {
+    keep_all(RSVP_FLOWSPEC_RSPEC_PARAM_ID(frag), RSVP_FLOWSPEC_RSPEC_FLAGS(frag),
+             RSVP_FLOWSPEC_RSPEC_PARAM_LEN(frag), RSVP_FLOWSPEC_RSPEC_REQ_RATE(frag),
+             RSVP_FLOWSPEC_RSPEC_SLACK(frag),
+             RSVP_TOKEN_BUCKET_FRAG_RATE(RSVP_GTD_BUCKET_PTR(frag)));
+}
+
+void exercise_tspec(uint8_t *t, size_t size) {
     keep(rsvp_valid_tspec(t) + rsvp_valid_gen_tspec(t));
     if (!rsvp_valid_tspec(t)) return;
     int64_t r = 0, b = 0, p = 0;
@@ -39,19 +64,17 @@ void exercise_tspec(uint8_t *t) {
              rsvp_get_min_unit(t), rsvp_get_max_unit(t));
     keep_all(RSVP_TSPEC_HEADER_VERSION(t), RSVP_TSPEC_HEADER_LENGTH(t));
     keep(RSVP_TSPEC_FRAGMENTS_PTR(t, 0));
-    if (uint8_t *g = rsvp_find_intsrv_service(t, RSVP_INTSRV_SERVICE_GENERAL))
-        keep_all(RSVP_TOKEN_BUCKET_FRAG_PARAM_ID(g), RSVP_TOKEN_BUCKET_FRAG_FLAGS(g),
-                 RSVP_TOKEN_BUCKET_FRAG_PARAM_LEN(g), RSVP_TOKEN_BUCKET_FRAG_RATE(g),
-                 RSVP_TOKEN_BUCKET_FRAG_DEPTH(g), RSVP_TOKEN_BUCKET_FRAG_PEAK(g),
-                 RSVP_TOKEN_BUCKET_FRAG_MIN_UNIT(g), RSVP_TOKEN_BUCKET_FRAG_MAX_UNIT(g),
-                 RSVP_INTSRV_SERVICE_ID(g), RSVP_INTSRV_SERVICE_LENGTH(g));
-    if (uint8_t *q = rsvp_find_intsrv_service(t, RSVP_INTSRV_SERVICE_QUALITATIVE))
-        keep_all(RSVP_TSPEC_QUAL_FRAG_PARAM_ID(q), RSVP_TSPEC_QUAL_FRAG_FLAGS(q),
-                 RSVP_TSPEC_QUAL_FRAG_PARAM_LEN(q), RSVP_TSPEC_QUAL_FRAG_MAX_UNIT(q),
-                 RSVP_INTSRV_INTEGER_OBJECT_VALUE(q + 4));
+    if (uint8_t *g = rsvp_find_intsrv_service(t, RSVP_INTSRV_SERVICE_GENERAL)) {
+        token_bucket(g);
+        share_unit(g, kFragReach, t + size);
+    }
+    if (uint8_t *q = rsvp_find_intsrv_service(t, RSVP_INTSRV_SERVICE_QUALITATIVE)) {
+        qualitative(q);
+        share_unit(q, kFragReach, t + size);
+    }
 }
 
-void exercise_flowspec(uint8_t *f) {
+void exercise_flowspec(uint8_t *f, size_t size) {
     keep(rsvp_valid_flowspec(f) + rsvp_valid_gen_flowspec(f));
     if (!rsvp_valid_flowspec(f)) return;
     uint8_t qos = 0;
@@ -61,13 +84,10 @@ void exercise_flowspec(uint8_t *f) {
     keep_all(qos, b, r, p, req, m, big_m, slack);
     keep_all(RSVP_FLOWSPEC_HEADER_VERSION(f), RSVP_FLOWSPEC_HEADER_LENGTH(f));
     uint8_t *frag = RSVP_FLOWSPEC_FRAGMENTS_PTR(f, 0);
-    if (qos == RSVP_QOS_GUARANTEED)
-        keep_all(RSVP_FLOWSPEC_RSPEC_PARAM_ID(frag), RSVP_FLOWSPEC_RSPEC_FLAGS(frag),
-                 RSVP_FLOWSPEC_RSPEC_PARAM_LEN(frag), RSVP_FLOWSPEC_RSPEC_REQ_RATE(frag),
-                 RSVP_FLOWSPEC_RSPEC_SLACK(frag),
-                 RSVP_TOKEN_BUCKET_FRAG_RATE(RSVP_GTD_BUCKET_PTR(frag)));
+    if (qos == RSVP_QOS_GUARANTEED) rspec(frag);
     if (qos == RSVP_QOS_CONTROLLED_LOAD)
         keep(RSVP_TOKEN_BUCKET_FRAG_PEAK(RSVP_CLOAD_BUCKET_PTR(frag)));
+    share_unit(frag, kFragReach, f + size);
 }
 
 void exercise(std::span<const Object> objects) {
@@ -75,12 +95,12 @@ void exercise(std::span<const Object> objects) {
     for (const Object &o : objects) {
         if (o.class_num == RSVP_CLASS_SENDER_TSPEC) {
             Scratch t = scratch_copy(o, tspec_slack(o));
-            exercise_tspec(t.data());
+            exercise_tspec(t.data(), t.size);
             if (is_intserv(o, RSVP_CLASS_SENDER_TSPEC) && rsvp_valid_tspec(t.data()))
                 tspecs.push_back(std::move(t));
         } else if (o.class_num == RSVP_CLASS_FLOWSPEC) {
             keep(rsvp_valid_gen_flowspec(o.obj));
-            exercise_flowspec(o.obj);
+            exercise_flowspec(o.obj, o.length + o.room);
             if (is_intserv(o, RSVP_CLASS_FLOWSPEC) && rsvp_valid_flowspec(o.obj))
                 flowspecs.push_back(scratch_copy(o));
         }
@@ -107,6 +127,17 @@ void exercise(std::span<const Object> objects) {
         std::memcpy(copy.data(), a.data(), a.size);
         keep(rsvp_copy_flowspec_rate_from_tspec(copy.data(), t.data()));
         keep(rsvp_valid_flowspec(copy.data()));
+    }
+}
+
+// Every unit of the pool, in a copy as long as the furthest fixed read.
+void exercise_units(std::span<const Bytes> units) {
+    for (const Bytes &u : units) {
+        Scratch c = unit_copy(u, kFragReach);
+        token_bucket(c.data());
+        qualitative(c.data());
+        rspec(c.data());
+        keep(RSVP_TOKEN_BUCKET_FRAG_PEAK(RSVP_CLOAD_BUCKET_PTR(c.data())));
     }
 }
 
@@ -145,4 +176,5 @@ void seeds(std::vector<Bytes> &out) {
 }  // namespace
 
 RSVP_FUZZ_EXERCISER(exercise);
+RSVP_FUZZ_UNITS(exercise_units);
 RSVP_FUZZ_SEEDS(seeds);

@@ -1,7 +1,9 @@
 // LSP_ATTRIBUTES, DIFFSERV and CLASSTYPE. The flags extractor takes any TLV and the class-type
 // getter any object, reading a fixed distance in; the DIFFSERV readers trust MAPnb. So each of
 // these is called only where the Length covers what it reads, as a caller must. The add goes
-// only to objects the validator accepts, and must leave them valid.
+// only to objects the validator accepts, and must leave them valid. The TLV functions also take
+// every unit of the pool, in a copy of the flags TLV's length (the extractor reads its word
+// unchecked).
 #include <cstdlib>
 
 #include "fuzz_registry.hpp"
@@ -19,6 +21,7 @@ void exercise_attributes(const Object &o) {
         for (uint8_t *tlv = rsvp_get_lsp_attr_next_tlv(o.obj, nullptr); tlv;
              tlv = rsvp_get_lsp_attr_next_tlv(o.obj, tlv)) {
             keep(RSVP_LSP_ATTR_TLV_TYPE(tlv));
+            share_unit(tlv, RSVP_LSP_ATTR_TLV_LEN(tlv), o.obj + o.length);
             if (RSVP_LSP_ATTR_TLV_LEN(tlv) >= RSVP_LSP_ATTR_ATTRIBUTE_FLAGS_TLV_LEN)
                 keep(rsvp_extract_lsp_attr_attribute_flags_tlv(tlv, &flags));
         }
@@ -81,6 +84,15 @@ void exercise(std::span<const Object> objects) {
     }
 }
 
+void exercise_units(std::span<const Bytes> units) {
+    for (const Bytes &u : units) {
+        Scratch t = unit_copy(u, RSVP_LSP_ATTR_ATTRIBUTE_FLAGS_TLV_LEN);
+        uint32_t flags = 0;
+        keep(RSVP_LSP_ATTR_TLV_TYPE(t.data()) + RSVP_LSP_ATTR_TLV_LEN(t.data()) +
+             rsvp_extract_lsp_attr_attribute_flags_tlv(t.data(), &flags) + flags);
+    }
+}
+
 void seeds(std::vector<Bytes> &out) {
     Bytes run(12 + 4 + 8 + 16 + 8, 0);
     uint8_t *p = run.data();
@@ -114,4 +126,5 @@ void seeds(std::vector<Bytes> &out) {
 }  // namespace
 
 RSVP_FUZZ_EXERCISER(exercise);
+RSVP_FUZZ_UNITS(exercise_units);
 RSVP_FUZZ_SEEDS(seeds);

@@ -1,7 +1,8 @@
 // PROTECTION and the private protection object: every getter on every object (each validates
 // its own class), the setters and builders on copies, and for valid private objects the walk,
 // the subobject accessors and extractors, and the adds. The last subobject may run past the
-// object, so the driver gives private objects that much zeroed room (deliberate_read_room).
+// object, so the driver gives private objects that much room (deliberate_read_room). The
+// subobject functions also take every unit of the pool, as far as its length field claims.
 #include "fuzz_registry.hpp"
 #include "rsvp_object_lib.h"
 
@@ -52,24 +53,34 @@ void set_all(uint8_t *obj, uint8_t v) {
         set(obj, v);
 }
 
+// The values found, for the adds.
+struct Found {
+    uint32_t wtr = 0, hoff = 0;
+    uint8_t mode1 = 0, mode2 = 0;
+};
+
+void subobject(uint8_t *sub, Found &f) {
+    keep(rsvp_valid_pvt_protection_subobject(sub) + RSVP_PVT_PROTECTION_SUBOBJ_TYPE(sub) +
+         RSVP_PVT_PROTECTION_SUBOBJ_LENGTH(sub));
+    keep(rsvp_extract_pvt_protection_wtr(sub, &f.wtr) +
+         rsvp_extract_pvt_protection_hoff(sub, &f.hoff) +
+         rsvp_extract_pvt_protection_snc(sub, &f.mode1, &f.mode2) +
+         RSVP_PVT_PROTECTION_SNC_SUBOBJ_MODE(sub, &f.mode1, &f.mode2));
+    RSVP_PVT_PROTECTION_SET_SNC_SUBOBJ_MODE(sub, f.mode2, f.mode1);
+}
+
 void exercise_pvt(const Object &o) {
     // Three adds, each of up to 12 bytes, behind a last subobject that may overrun.
     Scratch s = scratch_copy(o, 3 * RSVP_PVT_PROTECTION_SNC_LEN);
     uint8_t *obj = s.data();
-    uint32_t wtr = 0, hoff = 0;
-    uint8_t mode1 = 0, mode2 = 0;
+    Found f;
     for (uint8_t *sub = rsvp_extract_pvt_protection_next_subobject(obj, nullptr); sub;
          sub = rsvp_extract_pvt_protection_next_subobject(obj, sub)) {
-        keep(rsvp_valid_pvt_protection_subobject(sub) + RSVP_PVT_PROTECTION_SUBOBJ_TYPE(sub) +
-             RSVP_PVT_PROTECTION_SUBOBJ_LENGTH(sub));
-        keep(rsvp_extract_pvt_protection_wtr(sub, &wtr) +
-             rsvp_extract_pvt_protection_hoff(sub, &hoff) +
-             rsvp_extract_pvt_protection_snc(sub, &mode1, &mode2) +
-             RSVP_PVT_PROTECTION_SNC_SUBOBJ_MODE(sub, &mode1, &mode2));
-        RSVP_PVT_PROTECTION_SET_SNC_SUBOBJ_MODE(sub, mode2, mode1);
+        share_unit(sub, RSVP_PVT_PROTECTION_SUBOBJ_LENGTH(sub), obj + s.size);
+        subobject(sub, f);
     }
-    keep(rsvp_add_pvt_protection_wtr(obj, hoff) + rsvp_add_pvt_protection_hoff(obj, wtr) +
-         rsvp_add_pvt_protection_snc(obj, mode1, mode2));
+    keep(rsvp_add_pvt_protection_wtr(obj, f.hoff) + rsvp_add_pvt_protection_hoff(obj, f.wtr) +
+         rsvp_add_pvt_protection_snc(obj, f.mode1, f.mode2));
 }
 
 void exercise(std::span<const Object> objects) {
@@ -92,6 +103,14 @@ void exercise(std::span<const Object> objects) {
     }
 }
 
+void exercise_units(std::span<const Bytes> units) {
+    Found f;
+    for (const Bytes &u : units)
+        subobject(
+            claimed_copy(u, RSVP_PVT_PROTECTION_SUBOBJ_HDR_LEN, RSVP_PVT_PROTECTION_SNC_LEN).data(),
+            f);
+}
+
 void seeds(std::vector<Bytes> &out) {
     Bytes run(12 + 40, 0);
     rsvp_build_protection(run.data());
@@ -109,4 +128,5 @@ void seeds(std::vector<Bytes> &out) {
 }  // namespace
 
 RSVP_FUZZ_EXERCISER(exercise);
+RSVP_FUZZ_UNITS(exercise_units);
 RSVP_FUZZ_SEEDS(seeds);

@@ -104,7 +104,7 @@ void accessors(const Object &o) {
 }
 
 // The accessors that act on any object without validating it, on every object (their fixed
-// reach padded with zeros behind a shorter one).
+// reach padded from the input behind a shorter one).
 void unchecked(const Object &o) {
     Scratch s = scratch_copy(o, o.length < kUncheckedReach ? kUncheckedReach - o.length : 0);
     uint8_t *p = s.data();

@@ -1,7 +1,8 @@
 // RECORD_ROUTE: the validator and the flag searches on every class-21 object (the searches do
 // not validate); the walk, counts, accessors and extractors on the objects that validate;
 // and the four front inserts on scratch copies with room for the new subobject, checking
-// that a valid route stays valid and leads with what was inserted.
+// that a valid route stays valid and leads with what was inserted. The subobject functions also
+// take every unit of the pool, as far as its length byte claims.
 #include <cstdlib>
 
 #include "fuzz_registry.hpp"
@@ -70,11 +71,22 @@ void exercise(std::span<const Object> objects) {
                  rsvp_rro_check_unnum_flags(f.data(), mask));
         if (o.verdict != RSVP_OBJECT_VALID) continue;
         keep(rsvp_count_rro_subobject_ipv4(o.obj) + rsvp_count_rro_subobject_unnum(o.obj));
-        for (uint8_t *sub = rsvp_extract_rro_next_subobject(o.obj, nullptr); sub;
-             sub = rsvp_extract_rro_next_subobject(o.obj, sub))
+        auto step = [&o](uint8_t *sub) -> uint8_t * {
+            uint8_t *next = sub + RSVP_RRO_GENERIC_LENGTH(sub);
+            if (next - o.obj >= o.length || !valid_record_route_subobject(next)) return nullptr;
+            return next;
+        };
+        walk_units(o.obj, rsvp_extract_rro_next_subobject, step, [&o](uint8_t *sub) {
             exercise_subobject(sub);
+            share_unit(sub, sub[1], o.obj + o.length);
+        });
         exercise_inserts(o);
     }
+}
+
+void exercise_units(std::span<const Bytes> units) {
+    for (const Bytes &u : units)
+        exercise_subobject(claimed_copy(u, RSVP_ROUTE_SUBOBJ_HDR_LEN, UINT8_MAX).data());
 }
 
 void seeds(std::vector<Bytes> &out) {
@@ -99,9 +111,24 @@ void seeds(std::vector<Bytes> &out) {
     for (uint32_t i = 0; i < 32; ++i)
         rsvp_insert_record_route_ipv4(long_route.data(), 0x0000000a | i << 24, i % 16);
     out.push_back(long_route);
+
+    // A route as long as a message allows: IPv4, unnumbered and label hops, newest first.
+    constexpr size_t kHopsLen = RSVP_RRO_IPV4_LEN + RSVP_RRO_UNNUM_LEN + RSVP_RRO_LABEL_HDR_LEN +
+                                kValueLen * (sizeof labels / sizeof labels[0]);
+    Bytes large(kLargeObjectLen, 0);
+    uint8_t *route = large.data();
+    rsvp_build_record_route(route);
+    for (uint32_t i = 0; RSVP_OBJECT_LENGTH(route) + kHopsLen <= kLargeObjectLen; ++i) {
+        rsvp_insert_record_route_ipv4(route, 0x0000000a | i << 8, i & 0x0f);
+        rsvp_insert_record_route_unnum(route, 0x0100000a, i, i & 0x0f);
+        rsvp_insert_record_route_label(route, labels, 2, 2, i & 1);
+    }
+    large.resize(RSVP_OBJECT_LENGTH(route));
+    out.push_back(large);
 }
 
 }  // namespace
 
 RSVP_FUZZ_EXERCISER(exercise);
+RSVP_FUZZ_UNITS(exercise_units);
 RSVP_FUZZ_SEEDS(seeds);

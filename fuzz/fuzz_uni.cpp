@@ -1,7 +1,9 @@
 // GENERALIZED_UNI: the subobject pointer and accessors on every valid object of any class
 // (within the 12 bytes `reach` gives); on class-208 objects the validator, the walk with each
 // subobject's accessors and extractors, and the two TNA appends where the object meets their
-// precondition (subobjects that end exactly at the Length), and on a freshly built object.
+// precondition (subobjects that end exactly at the Length), and on a freshly built object. The
+// subobject functions also take every unit of the pool, in a copy of a TNA's length (the
+// address accessors read the word at 4 of any valid subobject).
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
@@ -14,7 +16,7 @@ namespace {
 using namespace rsvp_fuzz;
 
 // The walker examines a candidate at the object end (a header read behind it), and the address
-// accessors read the word behind a 4-byte subobject that ends there: 8 zeroed bytes of room.
+// accessors read the word behind a 4-byte subobject that ends there: 8 bytes of room.
 constexpr size_t kWalkSlack = RSVP_GUA_TNA_IPV4_LEN;
 
 void subobject(uint8_t *sub) {
@@ -49,8 +51,10 @@ void exercise_one(const Object &o) {
     uint8_t *obj = s.data();
     const int valid = rsvp_valid_gen_uni_attr(obj);
     for (uint8_t *sub = rsvp_extract_gen_uni_attr_next_subobj(obj, nullptr); sub;
-         sub = rsvp_extract_gen_uni_attr_next_subobj(obj, sub))
+         sub = rsvp_extract_gen_uni_attr_next_subobj(obj, sub)) {
         subobject(sub);
+        share_unit(sub, RSVP_SUB_GUA_LENGTH(sub), obj + s.size);
+    }
     if (!tiles(o.obj, o.length)) return;
     // The addresses come from the object's first bytes (its header: always there).
     uint32_t address;
@@ -72,6 +76,11 @@ void exercise(std::span<const Object> objects) {
     }
 }
 
+void exercise_units(std::span<const Bytes> units) {
+    for (const Bytes &u : units)
+        subobject(unit_copy(u, RSVP_GUA_TNA_IPV4_LEN).data());
+}
+
 void seeds(std::vector<Bytes> &out) {
     Bytes b(40, 0);
     rsvp_build_gen_uni_attr(b.data());
@@ -88,4 +97,5 @@ void seeds(std::vector<Bytes> &out) {
 }  // namespace
 
 RSVP_FUZZ_EXERCISER(exercise);
+RSVP_FUZZ_UNITS(exercise_units);
 RSVP_FUZZ_SEEDS(seeds);

@@ -46,6 +46,13 @@ inline bool input_files(int argc, char **argv, std::vector<std::filesystem::path
     return true;
 }
 
+// Seeds up to this size are cut at every length and edited 300 times; a larger one (up to 64 KB,
+// where a run costs that much more) is cut at every length up to it and at 64 lengths beyond,
+// and edited 4 times, so that the replay stays quick.
+constexpr size_t kSmallSeed = 4096;
+constexpr size_t kLargeSeedCuts = 64;
+constexpr size_t kEdits = 300, kLargeSeedEdits = 4;
+
 inline int replay(Entry run, const std::vector<std::vector<uint8_t>> &seeds, int argc,
                   char **argv) {
     size_t runs = 0;
@@ -60,11 +67,14 @@ inline int replay(Entry run, const std::vector<std::vector<uint8_t>> &seeds, int
     for (const std::vector<uint8_t> &seed : seeds) {
         run(seed.data(), seed.size());
         ++runs;
-        for (size_t cut = 0; cut < seed.size(); ++cut) {  // every truncation
-            run(seed.data(), cut);
+        const size_t large = seed.size() > kSmallSeed ? seed.size() - kSmallSeed : 0;
+        const size_t stride = std::max<size_t>(1, large / kLargeSeedCuts);
+        for (size_t cut = 0; cut < seed.size(); cut += cut < kSmallSeed ? 1 : stride) {
+            run(seed.data(), cut);  // truncations
             ++runs;
         }
-        for (int m = 0; m < 300 && !seed.empty(); ++m) {  // random byte and bit edits
+        const size_t edit_runs = large ? kLargeSeedEdits : kEdits;
+        for (size_t m = 0; m < edit_runs && !seed.empty(); ++m) {  // random byte and bit edits
             std::vector<uint8_t> b = seed;
             const int edits = 1 + static_cast<int>(rng() % 4);
             for (int e = 0; e < edits; ++e) {
