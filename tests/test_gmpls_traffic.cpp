@@ -45,10 +45,8 @@ TEST(GmplsTraffic, ValidatorsTakeSixteenBytesOfTheirOwnKindOnly) {
             for (unsigned len = 4; len <= 32; ++len) {
                 SCOPED_TRACE(testing::Message()
                              << "validator " << v << ", kind " << k << ", length " << len);
-                Bytes b = kinds[k];
-                b.resize(len);
-                b[1] = static_cast<uint8_t>(len);
-                EXPECT_EQ(valid[v](heap_copy(b).data()), v == k && len == 16 ? 1 : 0);
+                EXPECT_EQ(valid[v](heap_copy(cut_to(kinds[k], len)).data()),
+                          v == k && len == 16 ? 1 : 0);
             }
     }
 }

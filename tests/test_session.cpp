@@ -79,12 +79,9 @@ TEST(Session, Validator) {
         Bytes b = ses(c_type, body);
         EXPECT_EQ(rsvp_valid_session_ipv4(b.data()), valid);
         EXPECT_EQ(rsvp_valid_object(b.data()), static_cast<uint32_t>(valid));
-        for (size_t len = 4; valid && len <= 24; len += 4) {
-            Bytes cut = b;
-            cut.resize(len, 0);
-            cut[1] = static_cast<uint8_t>(len);
-            EXPECT_EQ(rsvp_valid_session_ipv4(heap_copy(cut).data()), len == b.size()) << len;
-        }
+        for (size_t len = 4; valid && len <= 24; len += 4)
+            EXPECT_EQ(rsvp_valid_session_ipv4(heap_copy(cut_to(b, len)).data()), len == b.size())
+                << len;
     }
     EXPECT_EQ(rsvp_valid_session_ipv4(object(2, 1, hex("0a000003 06 00 0050")).data()), 0);
     EXPECT_EQ(rsvp_valid_session_ipv4(nullptr), 0);
