@@ -149,11 +149,6 @@ TEST(Sender, AccessorsValidateThroughTheDispatch) {
     EXPECT_EQ(tmpl(f.data()), written);
     EXPECT_EQ(filt(v.data()), written);
     EXPECT_EQ(t, refused);
-    // A valid object of another class is read and written only within its own Length.
-    HeapBytes policy = heap_copy(object(RSVP_CLASS_POLICY_DATA, 1, {}));
-    ASSERT_EQ(rsvp_valid_object(policy.data()), 1u);
-    RSVP_FILTER_SET_SOURCE(policy.data(), ip("10.0.0.1"));
-    EXPECT_EQ(RSVP_TEMPLATE_SOURCE(policy.data()) + RSVP_FILTER_PORT(policy.data()), 0u);
 }
 
 // The P2MP accessors do not check the C-Type: on a 12-byte object they use the bytes behind it.
