@@ -10,12 +10,6 @@ using namespace rsvp_test;
 
 namespace {
 
-// Each test runs on the TSPEC and the FLOWSPEC member of a pair.
-const uint8_t kClasses[] = {RSVP_CLASS_SENDER_TSPEC, RSVP_CLASS_FLOWSPEC};
-bool tspec(uint8_t cls) {
-    return cls == RSVP_CLASS_SENDER_TSPEC;
-}
-
 Bytes g709(uint8_t cls) {
     return object(cls, 5,
                   hex("00 00 00 07"     // signal type 7 in the word's last byte
@@ -53,9 +47,9 @@ TEST(GmplsTraffic, ValidatorsTakeSixteenBytesOfTheirOwnKindOnly) {
 
 // Both kinds on both classes: built bytes, then extraction. Failures write nothing.
 TEST(GmplsTraffic, BuildAndExtract) {
-    for (uint8_t cls : kClasses) {
+    for (uint8_t cls : {RSVP_CLASS_SENDER_TSPEC, RSVP_CLASS_FLOWSPEC}) {
         SCOPED_TRACE(cls);
-        const bool ts = tspec(cls);
+        const bool ts = cls == RSVP_CLASS_SENDER_TSPEC;
         Bytes b(16, 0xEE);
         (ts ? rsvp_build_g709_otn_tspec : rsvp_build_g709_otn_flowspec)(b.data(), 7, 0x0102, 0x0304,
                                                                         1250000);
