@@ -61,8 +61,9 @@ TEST(Session, Validator) {
     const std::tuple<uint8_t, const char *, int> rows[] = {
         {1, "0a000003 06 00 0050", 1},  // TCP port 80
         {1, "0a000003 11 00 0035", 1},  // UDP port 53
-        {1, "0a000003 00 00 0050", 0},  // protocol 0 (or any but TCP and UDP) with a port
+        {1, "0a000003 00 00 0050", 0},  // protocol 0 with a port
         {1, "0a000003 2f 00 0000", 1},  // GRE, port 0
+        {1, "0a000003 2f 00 0001", 0},  // GRE (a number above TCP's) with a port
         {7, "0a000003 0000 0001 0a000001", 1},
         // The Extended Tunnel ID may not equal the end point (C-Types 7 and 9, not 13).
         {7, "0a000003 0000 0001 0a000003", 0},
