@@ -29,43 +29,34 @@ Bytes baseline(uint32_t services) {
     return b;
 }
 
-// The general part of an ADSPEC (44 bytes) followed by the given fragments, with the object
+const Bytes kFull = hex(kBaseline84), kGtdFrag(kFull.begin() + 44, kFull.end() - 4),
+            kClFrag(kFull.end() - 4, kFull.end());
+
+// The general part of the baseline (44 bytes) followed by the given fragments, with the object
 // and overall lengths set to cover them.
 Bytes adspec_with(const Bytes &fragments) {
-    Bytes b = concat({baseline(RSVP_ADSPEC_BASELINE_GENERAL_ONLY), fragments});
+    Bytes b = concat({Bytes(kFull.begin(), kFull.begin() + 44), fragments});
     b[1] = static_cast<uint8_t>(b.size());
     b[7] = static_cast<uint8_t>(b.size() / 4 - 2);
     return b;
 }
 
-// The path MTU's first byte set to 2, the Guaranteed service number.
-Bytes mtu_02(Bytes b) {
-    b[40] = RSVP_INTSRV_SERVICE_GUARANTEED;
-    return b;
-}
-
-// The first len bytes, with the object length saying so.
-Bytes cut(Bytes b, unsigned len) {
-    b.resize(len);
-    b[0] = static_cast<uint8_t>(len >> 8);
-    b[1] = static_cast<uint8_t>(len);
+Bytes with_byte(Bytes b, size_t at, uint8_t value) {
+    b[at] = value;
     return b;
 }
 
 }  // namespace
 
 TEST(AdspecBaseline, BytesPerSelectorAndAppendPointer) {
-    const Bytes full = hex(kBaseline84), general(full.begin(), full.begin() + 44),
-                gtd(full.begin() + 44, full.end() - 4), cl(full.end() - 4, full.end());
     // Selector, then whether the Guaranteed and the Controlled-Load fragment follow the general
     // one. A general-only ADSPEC is rejected on purpose, although it can be built.
     const std::tuple<uint32_t, int, int> rows[] = {
         {0, 1, 1}, {1, 1, 0}, {2, 0, 1}, {3, 0, 0}, {200, 0, 0}};
     for (const auto &[services, has_gtd, has_cl] : rows) {
         SCOPED_TRACE(services);
-        Bytes want = concat({general, has_gtd ? gtd : Bytes{}, has_cl ? cl : Bytes{}});
-        want[1] = static_cast<uint8_t>(want.size());
-        want[7] = static_cast<uint8_t>(want.size() / 4 - 2);
+        const Bytes want =
+            adspec_with(concat({has_gtd ? kGtdFrag : Bytes{}, has_cl ? kClFrag : Bytes{}}));
         Bytes buf(RSVP_ADSPEC_BASELINE_MAX_LEN + 4, 0xEE);
         // The Controlled-Load fragment, else the end of the last fragment written.
         EXPECT_EQ(rsvp_build_adspec_baseline(buf.data(), services),
@@ -86,7 +77,7 @@ TEST(AdspecValid, LengthSweepsAndFieldChecks) {
     for (unsigned len = 4; len <= 96; len += 4)
         for (unsigned words = 0; words <= 25; ++words) {
             SCOPED_TRACE(testing::Message() << "length " << len << ", words " << words);
-            Bytes b = cut(baseline(0), len);
+            Bytes b = cut_to(baseline(0), len);
             if (len >= 8) b[7] = static_cast<uint8_t>(words);
             EXPECT_EQ(rsvp_valid_adspec(heap_copy(b).data()), words >= 18 && 4 * words + 8 <= len);
         }
@@ -111,9 +102,12 @@ TEST(AdspecValid, LengthSweepsAndFieldChecks) {
 }
 
 TEST(AdspecFragments, FixedPositionsAndLengthPlusFourStep) {
-    const Bytes b1 = baseline(1), gtd(b1.begin() + 44, b1.end()), cl = hex("05 00 00 00");
-    Bytes gtd_l9 = concat({gtd, cl});  // 40 bytes: its last data word starts with 5 (byte 80)
-    gtd_l9[3] = 9;
+    const Bytes &gtd = kGtdFrag, &cl = kClFrag;
+    // A 40-byte Guaranteed fragment whose last data word starts with 5 (byte 80).
+    const Bytes gtd_l9 = with_byte(concat({gtd, cl}), 3, 9);
+    // A 1-word fragment at 44, then a 5-word one whose data word at byte 60 starts with 5.
+    const Bytes step_inside =
+        adspec_with(hex("09 00 00 00 09 00 00 04 00 00 00 00 00 00 00 00 05 00 00 00 00 00 00 00"));
     // Offsets of the Guaranteed and Controlled-Load fragments extracted (0: none; -1: invalid
     // object, output untouched), then has_qos_service for codes 3 and 5. The extractors look at
     // fixed positions; has_qos_service steps length + 4 words, not a fragment's size.
@@ -131,21 +125,20 @@ TEST(AdspecFragments, FixedPositionsAndLengthPlusFourStep) {
          44, 0, 1, 0},
         // Found at 80 although byte 80 lies inside the Guaranteed data: no walk.
         {"long Guaranteed", adspec_with(gtd_l9), 44, 80, 1, 0},
-        // A 1-word fragment at 44, then a 5-word one whose data word at byte 60 starts with 5:
-        // the step of 4 words from 44 lands there, a true walk never would.
-        {"step lands inside a fragment",
-         adspec_with(
-             hex("09 00 00 00 09 00 00 04 00 00 00 00 00 00 00 00 05 00 00 00 00 00 00 00")),
-         0, 0, 0, 1},
+        // The step of 4 words from 44 lands at 60, a true walk never would.
+        {"step lands inside a fragment", step_inside, 0, 0, 0, 1},
+        // Overall length 11: the count (3 words) ends before that step.
+        {"count ends before the step", with_byte(step_inside, 7, 11), -1, -1, 0, 0},
         // Bytes behind the object answer too: the fixed positions 48 and 80 are read even past
         // the object's end, and has_qos_service does not validate.
         {"Controlled-Load only, 02 behind", concat({baseline(2), hex("02")}), 48, 44, 0, 1},
         {"Guaranteed only, 05 behind", concat({baseline(1), hex("05")}), 44, 80, 1, 0},
         {"general only, 02 behind", concat({baseline(3), hex("02")}), -1, -1, 1, 0},
-        {"baseline 0 cut to 48 bytes", cut(baseline(0), 48), -1, -1, 1, 0},
+        {"baseline 0 cut to 48 bytes", cut_to(baseline(0), 48), -1, -1, 1, 0},
         {"header only", object(RSVP_CLASS_ADSPEC, RSVP_CTYPE_ADSPEC_INTSERV, {}), -1, -1, 0, 0},
-        // A length of 0xfffb makes the step -1: back to byte 40 (path MTU 0x02ffffff).
-        {"step wraps below 0", mtu_02(adspec_with(hex("09 00 ff fb"))), -1, -1, 1, 0},
+        {"null", {}, -1, -1, 0, 0},
+        // A length of 0xfffb makes the step -1: back to byte 40 (path MTU now 0x02ffffff).
+        {"step wraps below 0", with_byte(adspec_with(hex("09 00 ff fb")), 40, 2), -1, -1, 1, 0},
         // Steps of 4 and -4 words go round between 44 and 60 for ever: nothing is found.
         {"steps go round",
          adspec_with(concat({hex("09 00 00 00"), Bytes(12, 0), hex("09 00 ff f8")})), -1, -1, 0, 0},
@@ -153,12 +146,13 @@ TEST(AdspecFragments, FixedPositionsAndLengthPlusFourStep) {
     for (const auto &[name, obj, at_gtd, at_cl, qos_gtd, qos_cl] : rows) {
         SCOPED_TRACE(name);
         HeapBytes h = heap_copy(concat({obj, Bytes(40, 0)}));  // zeroed room behind the object
-        uint8_t *const o = h.data(), *frag = o;
+        uint8_t *const o = obj.empty() ? nullptr : h.data(), *const unset = h.data();
+        uint8_t *frag = unset;
         EXPECT_EQ(rsvp_adspec_extract_gtd_frag(o, &frag), at_gtd > 0 ? 1 : 0);
-        EXPECT_EQ(frag, at_gtd > 0 ? o + at_gtd : at_gtd == 0 ? nullptr : o);
-        frag = o;
+        EXPECT_EQ(frag, at_gtd > 0 ? o + at_gtd : at_gtd == 0 ? nullptr : unset);
+        frag = unset;
         EXPECT_EQ(rsvp_adspec_extract_cl_frag(o, &frag), at_cl > 0 ? 1 : 0);
-        EXPECT_EQ(frag, at_cl > 0 ? o + at_cl : at_cl == 0 ? nullptr : o);
+        EXPECT_EQ(frag, at_cl > 0 ? o + at_cl : at_cl == 0 ? nullptr : unset);
         EXPECT_EQ(rsvp_adspec_has_qos_service(o, RSVP_QOS_GUARANTEED), qos_gtd);
         EXPECT_EQ(rsvp_adspec_has_qos_service(o, RSVP_QOS_CONTROLLED_LOAD), qos_cl);
     }
@@ -166,11 +160,6 @@ TEST(AdspecFragments, FixedPositionsAndLengthPlusFourStep) {
     EXPECT_EQ(
         rsvp_adspec_has_qos_service(heap_copy(baseline(0)).data(), RSVP_INTSRV_SERVICE_GUARANTEED),
         0);
-    EXPECT_EQ(rsvp_adspec_has_qos_service(nullptr, RSVP_QOS_GUARANTEED), 0);
-    uint8_t sentinel = 0, *frag = &sentinel;
-    EXPECT_EQ(rsvp_adspec_extract_gtd_frag(nullptr, &frag), 0);
-    EXPECT_EQ(rsvp_adspec_extract_cl_frag(nullptr, &frag), 0);
-    EXPECT_EQ(frag, &sentinel);
 }
 
 TEST(AdspecAccessors, ObjectLevelNeedValidityFragmentLevelDoNot) {

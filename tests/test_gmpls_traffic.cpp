@@ -10,12 +10,6 @@ using namespace rsvp_test;
 
 namespace {
 
-// Each test runs on the TSPEC and the FLOWSPEC member of a pair.
-const uint8_t kClasses[] = {RSVP_CLASS_SENDER_TSPEC, RSVP_CLASS_FLOWSPEC};
-bool tspec(uint8_t cls) {
-    return cls == RSVP_CLASS_SENDER_TSPEC;
-}
-
 Bytes g709(uint8_t cls) {
     return object(cls, 5,
                   hex("00 00 00 07"     // signal type 7 in the word's last byte
@@ -45,28 +39,27 @@ TEST(GmplsTraffic, ValidatorsTakeSixteenBytesOfTheirOwnKindOnly) {
             for (unsigned len = 4; len <= 32; ++len) {
                 SCOPED_TRACE(testing::Message()
                              << "validator " << v << ", kind " << k << ", length " << len);
-                Bytes b = kinds[k];
-                b.resize(len);
-                b[1] = static_cast<uint8_t>(len);
-                EXPECT_EQ(valid[v](heap_copy(b).data()), v == k && len == 16 ? 1 : 0);
+                EXPECT_EQ(valid[v](heap_copy(cut_to(kinds[k], len)).data()),
+                          v == k && len == 16 ? 1 : 0);
             }
     }
 }
 
-TEST(G709, BuildAndExtract) {
-    for (uint8_t cls : kClasses) {
+// Both kinds on both classes: built bytes, then extraction. Failures write nothing.
+TEST(GmplsTraffic, BuildAndExtract) {
+    for (uint8_t cls : {RSVP_CLASS_SENDER_TSPEC, RSVP_CLASS_FLOWSPEC}) {
         SCOPED_TRACE(cls);
-        auto build = tspec(cls) ? rsvp_build_g709_otn_tspec : rsvp_build_g709_otn_flowspec;
-        auto extract = tspec(cls) ? rsvp_extract_g709_otn_tspec : rsvp_extract_g709_otn_flowspec;
+        const bool ts = cls == RSVP_CLASS_SENDER_TSPEC;
         Bytes b(16, 0xEE);
-        build(b.data(), 7, 0x0102, 0x0304, 1250000);
+        (ts ? rsvp_build_g709_otn_tspec : rsvp_build_g709_otn_flowspec)(b.data(), 7, 0x0102, 0x0304,
+                                                                        1250000);
         EXPECT_EQ(to_hex(b), to_hex(g709(cls)));
-
-        // Failures write nothing: another C-Type, a null object or output.
+        auto extract = ts ? rsvp_extract_g709_otn_tspec : rsvp_extract_g709_otn_flowspec;
         uint8_t st = 0x55;
         uint16_t nvc = 0x5555, mt = 0x5555;
         int64_t rate = 0x55;
         HeapBytes good = heap_copy(b);
+        // Another C-Type, a null object or a null output.
         EXPECT_EQ(extract(heap_copy(sonet(cls)).data(), &st, &nvc, &mt, &rate), 0);
         EXPECT_EQ(extract(nullptr, &st, &nvc, &mt, &rate), 0);
         EXPECT_EQ(extract(good.data(), nullptr, &nvc, &mt, &rate), 0);
@@ -74,7 +67,6 @@ TEST(G709, BuildAndExtract) {
         EXPECT_EQ(extract(good.data(), &st, &nvc, nullptr, &rate), 0);
         EXPECT_EQ(extract(good.data(), &st, &nvc, &mt, nullptr), 0);
         EXPECT_EQ(std::tuple(st, nvc, mt, rate), std::tuple(0x55, 0x5555, 0x5555, 0x55));
-
         EXPECT_EQ(extract(good.data(), &st, &nvc, &mt, &rate), 1);
         EXPECT_EQ(std::tuple(st, nvc, mt, rate), std::tuple(7, 0x0102, 0x0304, 1250000));
         // The word's high bytes are not looked at, nor is the bit rate (+infinity here).
@@ -82,31 +74,22 @@ TEST(G709, BuildAndExtract) {
         b[12] = 0x7f, b[13] = 0x80, b[14] = 0, b[15] = 0;
         EXPECT_EQ(extract(heap_copy(b).data(), &st, &nvc, &mt, &rate), 1);
         EXPECT_EQ(std::tuple(st, rate), std::tuple(7, ieee_to_int64(RSVP_INTSRV_INFINITY_BITS)));
-    }
-}
 
-TEST(SonetSdh, BuildAndExtract) {
-    for (uint8_t cls : kClasses) {
-        SCOPED_TRACE(cls);
-        auto build =
-            tspec(cls) ? rsvp_build_uni_sonet_sdh_tspec : rsvp_build_uni_sonet_sdh_flowspec;
-        auto extract =
-            tspec(cls) ? rsvp_extract_uni_sonet_sdh_tspec : rsvp_extract_uni_sonet_sdh_flowspec;
-        Bytes b(16, 0xEE);
-        build(b.data(), 6, 3, 2, 4, 1, 9);
+        b.assign(16, 0xEE);
+        (ts ? rsvp_build_uni_sonet_sdh_tspec : rsvp_build_uni_sonet_sdh_flowspec)(b.data(), 6, 3, 2,
+                                                                                  4, 1, 9);
         EXPECT_EQ(to_hex(b), to_hex(sonet(cls)));
-
+        auto extract_sonet =
+            ts ? rsvp_extract_uni_sonet_sdh_tspec : rsvp_extract_uni_sonet_sdh_flowspec;
         b[5] = 0x0d;  // a received RCC with bits above the low three
-        uint8_t st = 0, rcc = 0;
-        uint16_t ncc = 0, nvc = 0, mt = 0;
+        uint8_t rcc = 0;
+        uint16_t ncc = 0;
         uint32_t t = 0;
-        EXPECT_EQ(extract(heap_copy(b).data(), &st, &rcc, &ncc, &nvc, &mt, &t), 1);
+        EXPECT_EQ(extract_sonet(heap_copy(b).data(), &st, &rcc, &ncc, &nvc, &mt, &t), 1);
         EXPECT_EQ(std::tuple(st, rcc, ncc, nvc, mt, t), std::tuple(6, 5, 2, 4, 1, 9u));
-
-        // Failures write nothing.
         st = rcc = 0x55;
-        EXPECT_EQ(extract(heap_copy(g709(cls)).data(), &st, &rcc, &ncc, &nvc, &mt, &t), 0);
-        EXPECT_EQ(extract(nullptr, &st, &rcc, &ncc, &nvc, &mt, &t), 0);
+        EXPECT_EQ(extract_sonet(heap_copy(g709(cls)).data(), &st, &rcc, &ncc, &nvc, &mt, &t), 0);
+        EXPECT_EQ(extract_sonet(nullptr, &st, &rcc, &ncc, &nvc, &mt, &t), 0);
         EXPECT_EQ(std::tuple(st, rcc, ncc, nvc, mt, t), std::tuple(0x55, 0x55, 2, 4, 1, 9u));
     }
 }

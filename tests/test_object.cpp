@@ -15,6 +15,12 @@ Bytes obj8(uint8_t cls) {
 Bytes null4() {
     return object(0, 0, {});
 }
+// Objects of classes 1, 2 and 3 with the second one's Length byte replaced.
+Bytes second_length(uint8_t len) {
+    Bytes b = concat({obj8(1), obj8(2), obj8(3)});
+    b[9] = len;
+    return b;
+}
 
 }  // namespace
 
@@ -38,122 +44,92 @@ TEST(ObjectHeader, BuildAndAccessors) {
     RSVP_OBJECT_SET_C_TYPE(nullptr, 1);
 }
 
-// Each row walks one step from the start of a run: the object found (as an offset, -1 for
-// null) and the remaining count afterwards.
+// Each row walks one step from the start of a run (an empty run stands for null): the object
+// found (as an offset, -1 for null) and the remaining count afterwards.
 TEST(NextNonnull, OneStep) {
-    Bytes bad6 = concat({obj8(1), obj8(2), Bytes(4, 0)});
-    bad6[9] = 6;  // second object's Length: not a multiple of 4
-    Bytes past = concat({obj8(1), obj8(2), Bytes(4, 0)});
-    past[9] = 16;  // second object reaches past the run
-    Bytes zero = concat({obj8(1), obj8(2), Bytes(4, 0)});
-    zero[9] = 0;
-    struct Row {
-        const char *name;
-        Bytes run;
-        uint32_t remaining;
-        int found;
-        uint32_t remaining_after;
-    } rows[] = {
+    const std::tuple<const char *, Bytes, uint32_t, int, uint32_t> rows[] = {
         {"a run of one object", obj8(1), 8, -1, 0},
         {"null objects are skipped", concat({obj8(1), null4(), obj8(3)}), 20, 12, 8},
         {"the start is stepped over even when null", concat({null4(), obj8(1)}), 12, 4, 8},
         {"trailing nulls end the walk", concat({obj8(1), null4(), null4(), Bytes(2, 0)}), 18, -1,
          2},
-        {"Length 6 ends the walk", bad6, 20, -1, 12},
-        {"Length past the run ends the walk", past, 20, -1, 12},
-        {"Length 0 ends the walk", zero, 20, -1, 12},
+        {"Length 6 ends the walk", second_length(6), 20, -1, 12},
+        {"Length past the run ends the walk", second_length(16), 20, -1, 12},
+        {"Length 0 ends the walk", second_length(0), 20, -1, 12},
         {"a malformed start is not stepped over", object(1, 1, hex("00 00"), 6), 6, -1, 6},
+        {"less than a header remains: nothing read", Bytes(3, 0), 3, -1, 3},
+        {"null run", {}, 8, -1, 8},
     };
-    for (Row &r : rows) {
-        SCOPED_TRACE(r.name);
-        HeapBytes run = heap_copy(r.run);
-        uint32_t rem = r.remaining;
-        uint8_t *got = rsvp_next_nonnull_object(run.data(), &rem);
-        EXPECT_EQ(got, r.found < 0 ? nullptr : run.data() + r.found);
-        EXPECT_EQ(rem, r.remaining_after);
+    for (const auto &[name, bytes, remaining, found, remaining_after] : rows) {
+        SCOPED_TRACE(name);
+        HeapBytes run = heap_copy(bytes);
+        uint8_t *const o = bytes.empty() ? nullptr : run.data();
+        uint32_t rem = remaining;
+        EXPECT_EQ(rsvp_next_nonnull_object(o, &rem), found < 0 ? nullptr : o + found);
+        EXPECT_EQ(rem, remaining_after);
     }
-}
-
-TEST(NextNonnull, RemainingBelowHeaderTouchesNothing) {
-    for (uint32_t r = 0; r < 4; ++r) {
-        uint32_t rem = r;
-        HeapBytes run = heap_copy(Bytes(r, 0));  // any read of the object would be caught
-        EXPECT_EQ(rsvp_next_nonnull_object(run.data(), &rem), nullptr);
-        EXPECT_EQ(rem, r);
-    }
-    uint32_t rem = 8;
-    EXPECT_EQ(rsvp_next_nonnull_object(nullptr, &rem), nullptr);
     Bytes b = obj8(1);
     EXPECT_EQ(rsvp_next_nonnull_object(b.data(), nullptr), nullptr);
 }
 
+// Each row searches a run of the given length (an empty run stands for null) for a class, or
+// for a class standing after class_before (-1: unordered): the offset found, -1 for null.
 TEST(FirstObjectType, FindsAndStops) {
-    HeapBytes run = heap_copy(concat({null4(), obj8(1), null4(), obj8(3), obj8(3)}));
-    const uint32_t len = 32;
-    EXPECT_EQ(rsvp_first_object_type(run.data(), len, 3), run.data() + 16);
-    EXPECT_EQ(rsvp_first_object_type(run.data(), len, 1), run.data() + 4);
-    EXPECT_EQ(rsvp_first_object_type(run.data(), len, 0), run.data());  // only a leading null
-    EXPECT_EQ(rsvp_first_object_type(run.data(), len, 9), nullptr);
-    EXPECT_EQ(rsvp_first_object_type(run.data(), 3, 0), nullptr);
-    EXPECT_EQ(rsvp_first_object_type(nullptr, len, 1), nullptr);
-    // The run is cut inside the second class-3 object: the first is still found, not past it.
-    EXPECT_EQ(rsvp_first_object_type(run.data(), 20, 3), nullptr);
-    EXPECT_EQ(rsvp_first_object_type(run.data(), 24, 3), run.data() + 16);
-    HeapBytes later = heap_copy(concat({obj8(1), null4(), obj8(2)}));  // a null not in front
-    EXPECT_EQ(rsvp_first_object_type(later.data(), 20, 0), nullptr);
-}
-
-TEST(FirstObjectType, MalformedObjectBeforeTheClassEndsTheSearch) {
-    Bytes b = concat({obj8(1), obj8(2), obj8(3)});
-    b[9] = 7;  // second object Length 7
-    HeapBytes run = heap_copy(b);
-    EXPECT_EQ(rsvp_first_object_type(run.data(), 24, 3), nullptr);
-    EXPECT_EQ(rsvp_first_object_type(run.data(), 24, 1), run.data());
-    b[1] = 7;  // the first object itself malformed
-    HeapBytes run2 = heap_copy(b);
-    EXPECT_EQ(rsvp_first_object_type(run2.data(), 24, 1), nullptr);
-}
-
-TEST(FirstObjectTypeOrdered, Rules) {
-    // SESSION(1) 6 5 6: the first 6 stands before 5, so nothing is found.
-    HeapBytes run = heap_copy(concat({obj8(1), obj8(6), obj8(5), obj8(6)}));
-    EXPECT_EQ(rsvp_first_object_type_ordered(run.data(), 32, 5, 6), nullptr);
-    // SESSION(1) 5 6: found.
-    HeapBytes run2 = heap_copy(concat({obj8(1), obj8(5), null4(), obj8(6)}));
-    EXPECT_EQ(rsvp_first_object_type_ordered(run2.data(), 28, 5, 6), run2.data() + 20);
-    // The same class for both: the object itself counts as its own predecessor.
-    EXPECT_EQ(rsvp_first_object_type_ordered(run2.data(), 28, 6, 6), run2.data() + 20);
-    // class_before absent.
-    EXPECT_EQ(rsvp_first_object_type_ordered(run2.data(), 28, 9, 6), nullptr);
-    EXPECT_EQ(rsvp_first_object_type_ordered(nullptr, 28, 5, 6), nullptr);
-    EXPECT_EQ(rsvp_first_object_type_ordered(run2.data(), 3, 5, 6), nullptr);
-}
-
-TEST(ChangeObjectLength, ShrinkLeavesFillerForWholeWordGaps) {
-    struct Row {
-        uint16_t to;
-        const char *expect;
-    } rows[] = {
-        {16, "00 10 14 01 00 00 00 00 00 00 00 00 00 00 00 00 00 08 00 00 ee ee ee ee"},
-        {22, "00 16 14 01 00 00 00 00 00 00 00 00 00 00 00 00 ee ee ee ee ee ee ee ee"},
-        {30, "00 1e 14 01 00 00 00 00 00 00 00 00 00 00 00 00 ee ee ee ee ee ee ee ee"},
-        {24, "00 18 14 01 00 00 00 00 00 00 00 00 00 00 00 00 ee ee ee ee ee ee ee ee"},
-        // A gap of 6: the filler is written even though the walk will reject it.
-        {18, "00 12 14 01 00 00 00 00 00 00 00 00 00 00 00 00 ee ee 00 06 00 00 ee ee"},
-        {0, "00 00 14 01 00 00 00 00 00 00 00 00 00 00 00 00 ee ee ee ee ee ee ee ee"},
+    const Bytes nulls = concat({null4(), obj8(1), null4(), obj8(3), obj8(3)});
+    const Bytes ordered = concat({obj8(1), obj8(5), null4(), obj8(6)});
+    Bytes bad_first = second_length(7);
+    bad_first[1] = 7;
+    const std::tuple<const char *, Bytes, uint32_t, int, uint8_t, int> rows[] = {
+        {"class 3", nulls, 32, -1, 3, 16},
+        {"class 1", nulls, 32, -1, 1, 4},
+        {"only a leading null is class 0", nulls, 32, -1, 0, 0},
+        {"a null not in front", concat({obj8(1), null4(), obj8(2)}), 20, -1, 0, -1},
+        {"absent", nulls, 32, -1, 9, -1},
+        {"below a header", nulls, 3, -1, 0, -1},
+        {"run cut inside the object", nulls, 20, -1, 3, -1},
+        {"run ends with the object", nulls, 24, -1, 3, 16},
+        {"malformed object before the class", second_length(7), 24, -1, 3, -1},
+        {"malformed object after the class", second_length(7), 24, -1, 1, 0},
+        {"malformed first object", bad_first, 24, -1, 1, -1},
+        {"null", {}, 32, -1, 1, -1},
+        {"ordered: found", ordered, 28, 5, 6, 20},
+        // The first 6 stands before 5, so nothing is found.
+        {"ordered: the class comes first", concat({obj8(1), obj8(6), obj8(5), obj8(6)}), 32, 5, 6,
+         -1},
+        {"ordered: the object is its own predecessor", ordered, 28, 6, 6, 20},
+        {"ordered: class_before absent", ordered, 28, 9, 6, -1},
+        {"ordered: below a header", ordered, 3, 5, 6, -1},
+        {"ordered: null", {}, 28, 5, 6, -1},
     };
-    for (const Row &r : rows) {
-        SCOPED_TRACE(r.to);
+    for (const auto &[name, bytes, len, before, cls, found] : rows) {
+        SCOPED_TRACE(name);
+        HeapBytes run = heap_copy(bytes);
+        uint8_t *const o = bytes.empty() ? nullptr : run.data();
+        EXPECT_EQ(before < 0 ? rsvp_first_object_type(o, len, cls)
+                             : rsvp_first_object_type_ordered(o, len, uint8_t(before), cls),
+                  found < 0 ? nullptr : o + found);
+    }
+}
+
+// A 24-byte object shrunk or grown: its first four bytes and its last eight, which were 0xee.
+TEST(ChangeObjectLength, ShrinkLeavesFillerForWholeWordGaps) {
+    const std::tuple<uint16_t, const char *, const char *> rows[] = {
+        {16, "00 10 14 01", "00 08 00 00 ee ee ee ee"},
+        {22, "00 16 14 01", "ee ee ee ee ee ee ee ee"},
+        {30, "00 1e 14 01", "ee ee ee ee ee ee ee ee"},
+        {24, "00 18 14 01", "ee ee ee ee ee ee ee ee"},
+        // A gap of 6: the filler is written even though the walk will reject it.
+        {18, "00 12 14 01", "ee ee 00 06 00 00 ee ee"},
+        // From 24 to 0: a filler of 24 at offset 0 overwrites the header again.
+        {0, "00 18 00 00", "ee ee ee ee ee ee ee ee"},
+    };
+    for (const auto &[to, head, tail] : rows) {
+        SCOPED_TRACE(to);
         Bytes b(24, 0);
         rsvp_build_object(b.data(), 20, 1, 24);
         std::fill(b.begin() + 16, b.end(), 0xEE);
-        RSVP_CHANGE_OBJECT_LENGTH(b.data(), r.to);
-        if (r.to == 0) {
-            // From 24 to 0: a filler of 24 at offset 0 overwrites the header again.
-            EXPECT_EQ(to_hex(b.data(), 4), "00 18 00 00");
-        } else {
-            EXPECT_EQ(to_hex(b), r.expect);
-        }
+        RSVP_CHANGE_OBJECT_LENGTH(b.data(), to);
+        EXPECT_EQ(to_hex(b), to_hex(concat({hex(head), Bytes(12, 0), hex(tail)})));
     }
     RSVP_CHANGE_OBJECT_LENGTH(nullptr, 8);
 }

@@ -63,7 +63,7 @@ TEST(Session, Validator) {
         {1, "0a000003 11 00 0035", 1},  // UDP port 53
         {1, "0a000003 00 00 0050", 0},  // protocol 0 with a port
         {1, "0a000003 2f 00 0000", 1},  // GRE, port 0
-        {1, "0a000003 2f 00 0001", 0},  // GRE with a port
+        {1, "0a000003 2f 00 0001", 0},  // GRE (a number above TCP's) with a port
         {7, "0a000003 0000 0001 0a000001", 1},
         // The Extended Tunnel ID may not equal the end point (C-Types 7 and 9, not 13).
         {7, "0a000003 0000 0001 0a000003", 0},
@@ -71,7 +71,6 @@ TEST(Session, Validator) {
         {9, "0a000003 0000 0001 0a000004", 1},
         {13, "0a000003 0000 0001 0a000003", 1},
         {2, "00000000 00000000 00000000 00000001 11 00 0050", 0},  // IPv6 kinds: refused
-        {8, "0a000003 0000 0001 0a000001", 0},
         {14, "0a000003 0000 0001 0a000001", 0},
     };
     for (const auto &[c_type, body, valid] : rows) {
@@ -79,12 +78,9 @@ TEST(Session, Validator) {
         Bytes b = ses(c_type, body);
         EXPECT_EQ(rsvp_valid_session_ipv4(b.data()), valid);
         EXPECT_EQ(rsvp_valid_object(b.data()), static_cast<uint32_t>(valid));
-        for (size_t len = 4; valid && len <= 24; len += 4) {
-            Bytes cut = b;
-            cut.resize(len, 0);
-            cut[1] = static_cast<uint8_t>(len);
-            EXPECT_EQ(rsvp_valid_session_ipv4(heap_copy(cut).data()), len == b.size()) << len;
-        }
+        for (size_t len = 4; valid && len <= 24; len += 4)
+            EXPECT_EQ(rsvp_valid_session_ipv4(heap_copy(cut_to(b, len)).data()), len == b.size())
+                << len;
     }
     EXPECT_EQ(rsvp_valid_session_ipv4(object(2, 1, hex("0a000003 06 00 0050")).data()), 0);
     EXPECT_EQ(rsvp_valid_session_ipv4(nullptr), 0);

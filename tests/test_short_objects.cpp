@@ -1,11 +1,9 @@
-// Object accessors handed a valid object of another class that is too short for their field:
-// nothing is read or written behind the object, and the accessor answers as it does for an
-// invalid object (0, nothing written). Every object of every known class that validates at a
-// short Length is tried with every accessor, in a heap buffer of exactly its Length, so that
-// the address sanitizer reports any access behind it. A family that lands adds its accessors
-// as rows.
+// Object accessors handed a valid object of another class too short for their field read and
+// write nothing behind it, and answer as for an invalid object (0, nothing written). Every
+// object of every known class that validates at a short Length is tried with every accessor,
+// in a heap buffer of exactly its Length. A family that lands adds its accessors as rows.
 //
-// Not here: accessors that by design act on any non-null pointer without validating it
+// Not here: accessors that act on any non-null pointer without validating it
 // (RSVP_HOP_IF_ID_SET_NEIGHBOR, RSVP_SBM_*, RSVP_FLOWSPEC_HEADER_*, the object and message
 // header fields), and those over subobjects, TLVs, fragments and parameters.
 #include <gtest/gtest.h>
@@ -37,8 +35,7 @@ uint64_t u(T v) {
 uint64_t p(const uint8_t *ptr) {
     return ptr != nullptr;
 }
-constexpr uint8_t kP2mpOwners[] = {RSVP_CLASS_FILTER_SPEC, RSVP_CLASS_SENDER_TEMPLATE};
-const std::vector<uint8_t> kSender(std::begin(kP2mpOwners), std::end(kP2mpOwners));
+const std::vector<uint8_t> kSender = {RSVP_CLASS_FILTER_SPEC, RSVP_CLASS_SENDER_TEMPLATE};
 constexpr uint32_t kValue = 0x55555555;
 
 // clang-format off

@@ -87,6 +87,14 @@ inline uint32_t ip(const char *dotted) {
     return a.s_addr;
 }
 
+// The object cut (or zero-padded) to len bytes, with its Length saying len.
+inline Bytes cut_to(Bytes b, size_t len) {
+    b.resize(len, 0);
+    b[0] = static_cast<uint8_t>(len >> 8);
+    b[1] = static_cast<uint8_t>(len);
+    return b;
+}
+
 }  // namespace rsvp_test
 
 // The library's assertion stops the process by its store to address 1, which faults with
