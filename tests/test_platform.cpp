@@ -26,7 +26,7 @@ TEST(IeeeToInt64, TruncatesAndSaturates) {
     const std::pair<uint32_t, int64_t> rows[] = {
         {bits_of(0.0f), 0},
         {bits_of(0.99f), 0},
-        {bits_of(1.5f), 1},
+        {bits_of(1234.75f), 1234},  // truncated
         {bits_of(-1.5f), -1},
         {bits_of(-16777215.0f), -16777215},  // every mantissa bit set
         {bits_of(1.25e9f), 1250000000},
