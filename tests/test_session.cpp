@@ -25,10 +25,7 @@ TEST(Session, BuildersAndExtractors) {
     uint8_t proto = 0;
     uint16_t port = 0;
     rsvp_build_session_ipv4(fresh(), ip("10.0.0.3"), 17, 0x01, 5000);
-    EXPECT_EQ(to_hex(b.data(), 12),
-              "00 0c 01 01 "   // length 12, class 1, C-Type 1
-              "0a 00 00 03 "   // destination 10.0.0.3
-              "11 01 13 88");  // protocol UDP, flags 1, port 5000
+    EXPECT_EQ(to_hex(b.data(), 12), "00 0c 01 01 0a 00 00 03 11 01 13 88");
     ASSERT_EQ(rsvp_extract_session_ipv4(b.data(), &addr, &proto, &port), 1);
     EXPECT_EQ(std::tuple(addr, proto, port), std::tuple(ip("10.0.0.3"), 17, 5000));
     rsvp_build_session_uni_ipv4(fresh(), ip("192.0.2.1"), 7, ip("192.0.2.9"));
@@ -41,9 +38,7 @@ TEST(Session, BuildersAndExtractors) {
     ASSERT_EQ(rsvp_extract_session_p2mp_lsp_ipv4(b.data(), &addr, &port, &ext), 1);
     EXPECT_EQ(std::tuple(addr, port, ext), std::tuple(0x11223344u, 9, ip("1.2.3.4")));
     rsvp_build_session_lsp_tunnel_ipv4(fresh(), ip("10.0.0.3"), 0x0102, ip("10.0.0.1"));
-    EXPECT_EQ(to_hex(b),
-              "00 10 01 07 0a 00 00 03 "   // length 16, C-Type 7, end point 10.0.0.3
-              "00 00 01 02 0a 00 00 01");  // reserved 0, tunnel 0x102, ext id 10.0.0.1
+    EXPECT_EQ(to_hex(b), "00 10 01 07 0a 00 00 03 00 00 01 02 0a 00 00 01");
     ASSERT_EQ(rsvp_extract_session_lsp_tunnel_ipv4(b.data(), &addr, &port, &ext), 1);
     EXPECT_EQ(std::tuple(addr, port, ext), std::tuple(ip("10.0.0.3"), 0x102, ip("10.0.0.1")));
     addr = ext = proto = port = 7;
@@ -61,17 +56,14 @@ TEST(Session, Validator) {
     const std::tuple<uint8_t, const char *, int> rows[] = {
         {1, "0a000003 06 00 0050", 1},  // TCP port 80
         {1, "0a000003 11 00 0035", 1},  // UDP port 53
-        {1, "0a000003 00 00 0050", 0},  // protocol 0 with a port
         {1, "0a000003 2f 00 0000", 1},  // GRE, port 0
         {1, "0a000003 2f 00 0001", 0},  // GRE (a number above TCP's) with a port
         {7, "0a000003 0000 0001 0a000001", 1},
         // The Extended Tunnel ID may not equal the end point (C-Types 7 and 9, not 13).
         {7, "0a000003 0000 0001 0a000003", 0},
         {9, "0a000003 0000 0001 0a000003", 0},
-        {9, "0a000003 0000 0001 0a000004", 1},
         {13, "0a000003 0000 0001 0a000003", 1},
         {2, "00000000 00000000 00000000 00000001 11 00 0050", 0},  // IPv6 kinds: refused
-        {14, "0a000003 0000 0001 0a000001", 0},
     };
     for (const auto &[c_type, body, valid] : rows) {
         SCOPED_TRACE(testing::Message() << int(c_type) << " " << body);
@@ -136,7 +128,6 @@ TEST(Session, PredicatesLookAtTheCTypeAlone) {
             Bytes b = object(99, c_type, {});  // the Class-Num is not looked at
             EXPECT_EQ(pred(b.data()), (c_types >> c_type) & 1) << "row " << i << " " << int(c_type);
         }
-        EXPECT_EQ(pred(nullptr), 0) << "row " << i;
     }
 }
 
@@ -146,20 +137,16 @@ TEST(Session, CompareOrdersByCTypeThenFields) {
         {ses(1, "0a000003 06 00 0050"), ses(1, "09000004 06 00 0050"), 1},  // host order
         {ses(1, "0a000003 06 00 0050"), ses(1, "0a000003 11 00 0050"), -1},
         {ses(1, "0a000003 06 00 0050"), ses(1, "0a000003 06 00 01bb"), -1},
-        {ses(1, "0a000003 06 00 0000"), ses(1, "0a000003 06 00 01bb"), 0},   // port 0: wildcard
-        {ses(1, "0a000003 06 00 0000"), ses(1, "0a000004 06 00 01bb"), -1},  // after the address
-        {ses(1, "0a000003 06 01 0050"), ses(1, "0a000003 06 00 0050"), 0},   // flags ignored
-        {ses(7, "0a000009 0000 0001 01000001"), ses(7, "0a000003 0000 0001 01000001"), 1},
+        {ses(1, "0a000003 06 00 0000"), ses(1, "0a000003 06 00 01bb"), 0},  // port 0: wildcard
+        {ses(1, "0a000003 06 01 0050"), ses(1, "0a000003 06 00 0050"), 0},  // flags ignored
         {ses(7, "0a000003 0000 0002 01000001"), ses(7, "0a000003 0000 0100 01000001"), -1},
         {ses(7, "0a000003 0000 0001 01000002"), ses(7, "0a000003 0000 0001 01000001"), 1},
         {ses(7, "0a000003 0000 0001 00000000"), ses(7, "0a000003 0000 0001 01000001"), 0},
         {ses(13, "00000100 0000 0001 00000001"), ses(13, "000000ff 0000 0001 00000001"), 1},
-        {ses(9, "0a000003 0000 0001 00000001"), ses(9, "0a000003 0000 0001 00000002"), -1},
         {ses(2, "01010101"), ses(2, "02020202"), 0},  // unknown C-Types are equal
         // Neither Class-Num nor Length is looked at.
         {object(3, 1, hex("0a000003 06 00 0050"), 16), ses(1, "0a000004 06 00 0050"), -1},
         // An empty row stands for a null object, which counts as C-Type 0.
-        {{}, {}, 0},
         {{}, ses(1, "00000000 00 00 0000"), -1},
         {{}, ses(0, "01010101"), 0},
     };
