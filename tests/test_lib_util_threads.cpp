@@ -5,6 +5,7 @@
 #include <pthread.h>
 
 #include <atomic>
+#include <barrier>
 #include <string>
 #include <thread>
 
@@ -71,20 +72,25 @@ TEST(LibUtilIfName, Forms) {
                        std::string(63, '0') + "|");
 }
 
-// Each thread keeps its own twenty names, whatever another thread asks for; its 21st call
-// reuses the slot of its first.
+// Each thread keeps its own twenty names while the others fill theirs; its 21st call reuses
+// the slot of its first.
 TEST(LibUtilIfName, EachThreadKeepsItsOwnTwentyNames) {
-    const char *names[20];
-    for (int i = 0; i < 20; ++i)
-        names[i] = rsvp_lib_util_if_name(100 + i, 1);
-    std::thread([] {
-        for (int i = 0; i < 20; ++i)
-            rsvp_lib_util_if_name(200 + i, 1);
-    }).join();
-    for (int i = 0; i < 20; ++i)
-        EXPECT_EQ(names[i], "ge-" + std::to_string(100 + i));
-    EXPECT_EQ(rsvp_lib_util_if_name(7, 1), names[0]);
-    EXPECT_STREQ(names[0], "ge-7");
+    std::barrier sync(4);
+    std::atomic<int> bad{0};
+    std::thread threads[4];
+    for (int t = 0; t < 4; ++t)
+        threads[t] = std::thread([&, t] {
+            const char *names[20];
+            for (int i = 0; i < 20; ++i)
+                names[i] = rsvp_lib_util_if_name(100 * t + 100 + i, 1);
+            sync.arrive_and_wait();
+            for (int i = 0; i < 20; ++i)
+                bad += names[i] != "ge-" + std::to_string(100 * t + 100 + i);
+            bad += rsvp_lib_util_if_name(7, 1) != names[0] || names[0] != std::string("ge-7");
+        });
+    for (auto &th : threads)
+        th.join();
+    EXPECT_EQ(bad, 0);
 }
 
 // A thread's ring is freed when it ends (watched by the sanitized builds' leak checker); a failed
