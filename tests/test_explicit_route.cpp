@@ -61,7 +61,7 @@ TEST(ExplicitRoute, AppendRefusals) {
 // Subobjects: L bit masked off, one exact length per type, only the header read. Objects:
 // every Length from 4 up validates, as a last subobject that runs past the end is accepted
 // and the Length need not be a multiple of 4 (the dispatcher still wants one).
-TEST(ExplicitRoute, Validation) {
+TEST(ExplicitRoute, ValidationExtractorsAndAccessors) {
     const std::pair<const char *, int> rows[] = {
         {"01 08", 1}, {"81 08", 1}, {"01 0c", 0}, {"84 0c", 1}, {"04 08", 0}, {"02 14", 1},
         {"02 08", 0}, {"a0 04", 1}, {"20 08", 0}, {"03 08", 0}, {"01 01", 0}, {"00 02", 0},
@@ -85,29 +85,25 @@ TEST(ExplicitRoute, Validation) {
     // Class 21, C-Type 2, a first hop of type 2 and length 8.
     for (Bytes b : {object(21, 1, {}), object(20, 2, {}), object(20, 1, hex("02 08 0a 00 00 01"))})
         EXPECT_EQ(rsvp_valid_explicit_route(b.data()), 0) << to_hex(b);
-}
 
-// Every kind of hop read back, the refusals and the accessors. The walk and the counts are
-// compared with a plain walk in test_walk_equivalence.
-TEST(ExplicitRoute, ExtractorsAndAccessors) {
-    Bytes b = hex(kRoute);
+    // Hops read back and refused (walk and counts: test_walk_equivalence).
+    Bytes b = full;
     uint8_t *ipv4 = b.data() + 4, *unnum = b.data() + 12, *as_hop = b.data() + 24;
     uint32_t addr = 1, router = 1, ifid = 2;
     uint8_t plen = 3;
     uint16_t as = 4;
+    // Each extractor takes its own type only and leaves its outputs alone otherwise.
+    EXPECT_EQ(rsvp_extract_ero_subobject_ipv4(unnum, &addr, &plen) +
+                  rsvp_extract_ero_subobject_unnum(as_hop, &addr, &ifid) +
+                  rsvp_extract_ero_subobject_as(ipv4, &as),
+              0);
+    EXPECT_EQ(std::tuple(addr, ifid, plen, as), std::tuple(1u, 2u, uint8_t{3}, uint16_t{4}));
     EXPECT_EQ(rsvp_extract_ero_subobject_ipv4(ipv4, &addr, &plen) +
                   rsvp_extract_ero_subobject_unnum(unnum, &router, &ifid) +
                   rsvp_extract_ero_subobject_as(as_hop, &as),
               3);
     EXPECT_EQ(std::tuple(addr, plen, router, ifid, as),
               std::tuple(ip("10.0.0.1"), 32, ip("1.1.1.1"), 7u, 65001));
-    // Each extractor takes its own type only and leaves its outputs alone otherwise.
-    addr = 1, ifid = 2, plen = 3, as = 4;
-    EXPECT_EQ(rsvp_extract_ero_subobject_ipv4(unnum, &addr, &plen) +
-                  rsvp_extract_ero_subobject_unnum(as_hop, &addr, &ifid) +
-                  rsvp_extract_ero_subobject_as(ipv4, &as),
-              0);
-    EXPECT_EQ(std::tuple(addr, ifid, plen, as), std::tuple(1u, 2u, uint8_t{3}, uint16_t{4}));
 
     EXPECT_EQ(RSVP_ERO_GENERIC_TYPE(unnum), 0x84);  // raw, L bit included
     EXPECT_EQ(RSVP_ERO_GENERIC_LENGTH(unnum), 12);
