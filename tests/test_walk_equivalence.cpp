@@ -58,8 +58,6 @@ const Family kHopFamily{"IfIdHop", rsvp_valid_hop_if_id, rsvp_valid_hop_if_id_su
     12};
 // clang-format on
 
-// ---- The walks as written down: the object validated at every step ----------------------
-
 uint8_t *ref_next(const Family &f, uint8_t *obj, uint8_t *prev) {
     if (!f.valid_obj(obj)) return nullptr;
     uint8_t *cand = obj + f.first;
@@ -88,8 +86,7 @@ uint8_t *ref_first_tlv(uint8_t *obj, unsigned a, unsigned b) {
     return nullptr;
 }
 
-// rsvp_get_gmpls_hop_if_id_tlv written down: kind 0 once the hop has validated, then the
-// first TLV of type 1 or 3 (a TLV the walk returns always extracts).
+// rsvp_get_gmpls_hop_if_id_tlv: kind 0 once the hop validates, then the first TLV of type 1 or 3.
 int ref_get_tlv(uint8_t *obj, rsvp_hop_if_id_tlv_info *info) {
     if (!rsvp_valid_hop_if_id(obj)) return 0;
     info->kind = 0;
@@ -99,8 +96,6 @@ int ref_get_tlv(uint8_t *obj, rsvp_hop_if_id_tlv_info *info) {
     return t[1] == 1 ? rsvp_extract_ipv4_subobj(t, &info->address)
                      : rsvp_extract_comp_index_fwd_rev_intf_subobj(t, &info->address, &info->if_id);
 }
-
-// ---- Objects: palettes of well-formed and broken subobjects --------------------------------
 
 void put_sub(const Family &f, Rng &rng, const Sub &s, Bytes &out) {
     size_t at = out.size();
@@ -112,9 +107,8 @@ void put_sub(const Family &f, Rng &rng, const Sub &s, Bytes &out) {
     out[at + 1] = static_cast<uint8_t>(s.length);
 }
 
-// About `target` bytes of subobjects behind a header, then mutated: the Length cut anywhere
-// (a last subobject then overruns it), bytes flipped, the class or C-Type changed. Returned
-// with the bytes behind the Length that the deliberate reads may reach.
+// About `target` bytes of subobjects, mutated: the Length cut anywhere (a last subobject then
+// overruns it), bytes flipped, class or C-Type changed; with the bytes the walks read behind.
 Bytes make_object(const Family &f, Rng &rng, size_t target, bool mutate = true) {
     Bytes b(f.first);
     // A few broken subobjects in a third of the objects, anywhere.
@@ -138,8 +132,7 @@ Bytes make_object(const Family &f, Rng &rng, size_t target, bool mutate = true) 
     return b;
 }
 
-// Compares every count and lookup (and the exported walker step by step) with the plain walk,
-// on the object in an exact-size heap buffer.
+// Every count and lookup (and the walker step by step) against the plain walk, exact-size buffer.
 void compare(const Family &f, const Bytes &bytes, bool walk_all) {
     HeapBytes h = heap_copy(bytes);
     uint8_t *o = h.data();
@@ -170,9 +163,8 @@ void compare(const Family &f, const Bytes &bytes, bool walk_all) {
 class WalkEquivalence : public ::testing::TestWithParam<const Family *> {};
 
 // Small objects, every step; then a well-formed 64 KB object (routes: more subobjects than the
-// counts' 10000 steps; hop: the lookups walk to the end) and the same cut at 32 KB, where a last
-// subobject may run past the end: one of each, as the plain walks take a minute on them under
-// the sanitizers.
+// counts' 10000 steps) and the same cut at 32 KB, where a last subobject may overrun the end:
+// one of each, as the plain walks take a minute on them under the sanitizers.
 TEST_P(WalkEquivalence, SmallObjectsEveryStepThen64K) {
     Rng rng(GetParam()->class_num);
     for (int i = 0; i < 4000; ++i)
