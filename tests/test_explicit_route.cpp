@@ -44,8 +44,7 @@ TEST(ExplicitRoute, AppendWritesExactBytesOrRefuses) {
     // The unnumbered append does not check the length: it writes at byte 4, length + 12.
     EXPECT_EQ(rsvp_add_explicit_route_unnum(s.data(), 1, ip("2.2.2.2"), 9), 1);
     EXPECT_EQ(to_hex(s), "00 0f 14 01 84 0c 00 00 02 02 02 02 00 00 00 09 ee");
-    // The duplicate check reads bytes 4-11 of a type-4 hop whatever its length byte says
-    // (here from the room behind the object).
+    // The duplicate check reads bytes 4-11 of a type-4 hop whatever its length (here behind it).
     Bytes d = hex("00 0c 14 01 04 08 00 00 01 01 01 01 | 00 00 00 07 ee ee ee ee ee ee ee ee");
     EXPECT_EQ(rsvp_add_explicit_route_unnum(d.data(), 1, ip("1.1.1.1"), 7), 0);
     EXPECT_EQ(RSVP_OBJECT_LENGTH(d.data()), 12);

@@ -11,8 +11,7 @@ namespace {
 
 const uint32_t kA = ip("10.0.0.1");
 
-// An IF_ID hop followed by 12 zero bytes: the TLV walk deliberately reads the header of a
-// candidate that starts at the object end.
+// An IF_ID hop and 12 zero bytes, as the TLV walk deliberately reads a candidate at the end.
 Bytes if_id_hop(const std::string &tlvs) {
     return concat({object(3, 3, hex(("0a 00 00 09 00 00 00 05 " + tlvs).c_str())), Bytes(12, 0)});
 }
@@ -79,8 +78,7 @@ TEST(Hop, BuildExtractValidateAndTwinAccessors) {
     EXPECT_EQ(to_hex(tv.data() + 8, 4), "00 00 00 07");
 }
 
-// Each type is added once; each lookup takes the first TLV of its type, and
-// rsvp_get_gmpls_hop_if_id_tlv the first of type 1 or 3.
+// Each type is added once; each lookup takes the first TLV of its type (or types: 1 or 3).
 TEST(HopIfId, AddsTlvsOncePerTypeAndLooksThemUp) {
     Bytes b(64);
     EXPECT_EQ(rsvp_build_hop_if_id(b.data(), kA, 5), b.data());
@@ -137,12 +135,11 @@ TEST(HopIfId, TlvAndObjectValidation) {
         {4, 12, 1}, {5, 12, 1}, {4, 8, 0}, {3, 16, 0}, {6, 12, 0}};
     for (const auto &[type, length, valid] : rows) {
         SCOPED_TRACE(testing::Message() << "type " << int(type) << " length " << int(length));
-        const Bytes tlv = concat({{0, type, 0, length}, Bytes(length - 4, 0x0A)});
-        HeapBytes t = heap_copy(tlv);
+        HeapBytes t = heap_copy(concat({{0, type, 0, length}, Bytes(length - 4, 0x0A)}));
         EXPECT_EQ(rsvp_valid_hop_if_id_subobject(t.data()), valid);
         EXPECT_EQ(RSVP_HOP_SUBOBJ_GENERIC_TYPE(t.data()), valid ? type : 0);
         EXPECT_EQ(RSVP_HOP_SUBOBJ_GENERIC_LENGTH(t.data()), valid ? length : 0);
-        EXPECT_EQ(rsvp_valid_hop_if_id(if_id_hop(to_hex(tlv)).data()), valid);
+        EXPECT_EQ(rsvp_valid_hop_if_id(if_id_hop(to_hex(t.data(), t.size)).data()), valid);
     }
     EXPECT_EQ(rsvp_valid_hop_if_id_subobject(nullptr), 0);
     // The last TLV is not checked against the object end, not even its header: in a 14-byte

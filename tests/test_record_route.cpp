@@ -52,9 +52,8 @@ TEST(RecordRoute, FrontInsertsExactBytes) {
     EXPECT_EQ(to_hex(short_hdr), "00 0a 15 01 01 08 0a 00 00 01 20 00 ee");
 }
 
-// Kept as they stand. 63 labels move 256 bytes while the length byte wraps to 0: the object
-// does not grow and the old hop lands behind its end. The SRLG insert moves by the low 8
-// bits of the Length: at 260 (0x104) nothing moves and the newest hop is overwritten.
+// Kept as they stand. 63 labels move 256 bytes while the length byte wraps to 0; the SRLG
+// insert moves by the low 8 bits of the Length: at 260 (0x104) nothing moves.
 TEST(RecordRoute, LengthQuirksOfTheFrontInsert) {
     Bytes b = hex("00 0c 15 01 01 08 0a 00 00 01 20 00");
     b.resize(600, 0xee);

@@ -30,9 +30,8 @@ struct Family {
     unsigned first;                                                // offset of the first subobject
     bool hop;  // 16-bit TLV header; a candidate exactly at the end is still looked at
     uint8_t class_num, c_type;
-    std::vector<Sub> good, bad;
-    std::vector<Sub> dense;  // routes: more than a count's 10000 steps; hop: few found TLVs
-    size_t slack;            // bytes behind the object that the walks may read
+    std::vector<Sub> good, bad, dense;  // dense: the 64 KB object's palette
+    size_t slack;                       // bytes behind the object that the walks may read
 };
 // clang-format off
 const Family kEroFamily{"ExplicitRoute", rsvp_valid_explicit_route,
@@ -71,7 +70,6 @@ uint8_t *ref_next(const Family &f, uint8_t *obj, uint8_t *prev) {
 }
 
 uint32_t ref_count(const Family &f, uint8_t *obj, uint8_t raw_type) {
-    if (!f.valid_obj(obj)) return 0;
     uint32_t n = 0;
     uint8_t *sub = nullptr;
     for (int step = 0; step < 10000 && (sub = ref_next(f, obj, sub)); ++step)
