@@ -92,7 +92,6 @@ TEST(HopIfId, AddsTlvsOncePerTypeAndLooksThemUp) {
     EXPECT_EQ(rsvp_add_index_rev_intf(b.data(), kA, 3), 1);
     EXPECT_EQ(rsvp_add_ipv4_intf(b.data(), kA), 1);
     EXPECT_EQ(rsvp_add_ipv4_fwd_intf(b.data(), kA), 0);
-    EXPECT_EQ(RSVP_OBJECT_LENGTH(b.data()), 12 + 3 * 12 + 8);
     EXPECT_EQ(rsvp_add_ipv4_fwd_intf(nullptr, kA) + rsvp_add_index_rev_intf(nullptr, kA, 1), 0);
     rsvp_hop_if_id_tlv_info info{9, 9, 9};
     ASSERT_EQ(rsvp_get_gmpls_hop_if_id_tlv(b.data(), &info), 1);  // type 3 comes before type 1
