@@ -144,6 +144,8 @@ TEST(Uint32ArrayCopy, BothDirectionsSwap) {
     EXPECT_EQ(std::tuple(host[0], host[1], host[2]), std::tuple(0x01020304u, 0xa0b0c0d0u, 7u));
     RSVP_COPY_UINT32_ARRAY_HTONL(back, host, 2);
     EXPECT_EQ(std::tuple(back[0], back[1]), std::tuple(wire[0], wire[1]));
-    RSVP_COPY_UINT32_ARRAY_NTOHL(host, nullptr, 1);
+    RSVP_COPY_UINT32_ARRAY_NTOHL(host, nullptr, 1);  // either pointer null: nothing is copied
+    RSVP_COPY_UINT32_ARRAY_NTOHL(nullptr, wire, 1);
+    RSVP_COPY_UINT32_ARRAY_HTONL(back, nullptr, 1);
     RSVP_COPY_UINT32_ARRAY_HTONL(nullptr, wire, 1);
 }
