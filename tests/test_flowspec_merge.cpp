@@ -26,59 +26,42 @@ const Bytes kGtd = roomy(hex(kGtdHex)), kCl = roomy(hex(kClHex)),
 }  // namespace
 
 // The result is Guaranteed when either side is; each field takes its bound (unsigned) over
-// what the getters report, target's value only when strictly beyond other's. The 48-byte
-// result is written without touching the bytes behind it.
+// what the getters report, target's value only when strictly beyond other's. When neither side
+// is Guaranteed, other's service is taken: a qualitative (or missing) other builds nothing, and
+// the answer is 1 without a write. 0 when target is left as it was; a float that does not
+// survive the integer round trip is rewritten although no field grew. Merging the result with
+// itself (the same pointer) changes nothing: 0, or 1 without a write for a qualitative one.
 TEST(FlowspecMerge, EachFieldTakesItsBound) {
-    const std::tuple<Bytes, Bytes, FlowFields> rows[] = {
+    const Bytes inexact = roomy(patched(kGtdHex, 16, "49 98 96 81"));  // r 1250000.125
+    const Bytes gtd_max = gtd(10000, 1250000, 64, 1500, 2500000, 2000000, 0);
+    const std::tuple<Bytes, Bytes, int, Bytes> rows[] = {
         // Guaranteed other, smaller everywhere: target's values, but other's minima.
-        {kGtd, gtd(1, 2, 3, 4, 5, 6, 7), {3, 10000, 1250000, 2500000, 3, 1500, 2000000, 7}},
+        {kGtd, gtd(1, 2, 3, 4, 5, 6, 7), 1, gtd(10000, 1250000, 3, 1500, 2500000, 2000000, 7)},
         // Larger everywhere: other's values, but target's minima.
-        {kGtd,
-         gtd(20000, 1500000, 128, 9000, 3000000, 4000000, 200),
-         {3, 20000, 1500000, 3000000, 64, 9000, 4000000, 100}},
+        {kGtd, gtd(20000, 1500000, 128, 9000, 3000000, 4000000, 200), 1,
+         gtd(20000, 1500000, 64, 9000, 3000000, 4000000, 100)},
         // Unsigned 64-bit: -1 ranks above every positive rate.
-        {kGtd, gtd(-1, -1, 64, 1500, -1, -1, 100), {3, -1, -1, -1, 64, 1500, -1, 100}},
-        // Controlled-Load other: its r stands for R, and its S is 0.
-        {kGtd, kCl, {3, 10000, 1250000, 2500000, 64, 1500, 2000000, 0}},
-        // Qualitative other: its m counts as 65535, S as 0.
-        {kGtd, kQual, {3, 10000, 1250000, 2500000, 64, 1500, 2000000, 0}},
+        {kGtd, gtd(-1, -1, 64, 1500, -1, -1, 100), 1, gtd(-1, -1, 64, 1500, -1, -1, 100)},
+        // Controlled-Load other: its r stands for R, its S is 0; qualitative: m 65535, S 0.
+        {kGtd, kCl, 1, gtd_max},
+        {kGtd, kQual, 1, gtd_max},
         // Controlled-Load target: R is the larger of other's R and target's r (1250000 beats
         // 1100000), S the smaller of other's S and target's 0.
-        {kCl,
-         gtd(20000, 1000000, 128, 1000, 3000000, 1100000, 50),
-         {3, 20000, 1250000, 3000000, 64, 1500, 1250000, 0}},
-    };
-    for (const auto &[t, o, want] : rows) {
-        SCOPED_TRACE(to_hex(t) + " <- " + to_hex(o));
-        Bytes target = t, other = o;
-        EXPECT_EQ(rsvp_merge_flowspecs(other.data(), target.data()), 1);
-        EXPECT_EQ(flow_fields(target.data()), want);
-        EXPECT_EQ(rsvp_valid_flowspec(target.data()), 1);
-        EXPECT_EQ(Bytes(target.begin() + 48, target.end()), Bytes(8, 0xa5));
-    }
-}
-
-// 0 when the merge leaves target as it was. When neither side is Guaranteed, other's service
-// is taken: a qualitative (or missing) other builds nothing, and the answer is 1 without a
-// write. A float that does not survive ieee_to_int64 / int64_to_ieee is rewritten although no
-// field grew. Afterwards, merging target with itself (the same pointer) changes nothing: 0,
-// or for a qualitative target 1, again without a write.
-TEST(FlowspecMerge, ResultAndWhatIsWritten) {
-    const Bytes inexact = roomy(patched(kGtdHex, 16, "49 98 96 81"));  // r 1250000.125
-    const std::tuple<Bytes, Bytes, int, Bytes> rows[] = {
-        {kGtd, kGtd, 0, kGtd},        // identical Guaranteed requests
-        {kCl, kCl, 0, kCl},           // identical Controlled-Load requests
-        {kQual, kQual, 1, kQual},     // qualitative on both sides: nothing built
-        {kCl, kQual, 1, kCl},         // other's service taken: nothing built
-        {kCl, {}, 1, kCl},            // no other: no service, nothing built
-        {kQual, kCl, 1, kCl},         // Controlled-Load built; m the smaller of 65535 and 64
-        {inexact, inexact, 1, kGtd},  // re-encoded
+        {kCl, gtd(20000, 1000000, 128, 1000, 3000000, 1100000, 50), 1,
+         gtd(20000, 1250000, 64, 1500, 3000000, 1250000, 0)},
+        {kGtd, kGtd, 0, kGtd},
+        {kCl, kCl, 0, kCl},
+        {kQual, kQual, 1, kQual},
+        {kCl, kQual, 1, kCl},
+        {kCl, {}, 1, kCl},
+        {kQual, kCl, 1, kCl},  // Controlled-Load built; m the smaller of 65535 and 64
+        {inexact, inexact, 1, kGtd},
     };
     for (const auto &[t, o, result, want] : rows) {
         SCOPED_TRACE(to_hex(t) + " <- " + to_hex(o));
         Bytes target = t, other = o;
         EXPECT_EQ(rsvp_merge_flowspecs(o.empty() ? nullptr : other.data(), target.data()), result);
-        EXPECT_EQ(target, want);
+        EXPECT_EQ(to_hex(target), to_hex(want));  // nothing written behind the 48 bytes
         EXPECT_EQ(rsvp_merge_flowspecs(target.data(), target.data()), want == kQual ? 1 : 0);
         EXPECT_EQ(target, want);
     }

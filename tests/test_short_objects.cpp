@@ -1,11 +1,7 @@
-// Object accessors handed a valid object of another class too short for their field read and
-// write nothing behind it, and answer as for an invalid object (0, nothing written). Every
-// object of every known class that validates at a short Length is tried with every accessor,
-// in a heap buffer of exactly its Length. A family that lands adds its accessors as rows.
-//
-// Not here: accessors that act on any non-null pointer without validating it
-// (RSVP_HOP_IF_ID_SET_NEIGHBOR, RSVP_SBM_*, RSVP_FLOWSPEC_HEADER_*, the object and message
-// header fields), and those over subobjects, TLVs, fragments and parameters.
+// Accessors handed a valid object of another class too short for their field read and write
+// nothing behind it, and answer as for an invalid object. Each is tried on every short object of
+// every known class that validates, in a heap buffer of exactly its Length. Accessors that take
+// any non-null pointer unvalidated, or a subobject, TLV, fragment or parameter, are not here.
 #include <gtest/gtest.h>
 
 #include <algorithm>
