@@ -9,11 +9,9 @@ using namespace rsvp_test;
 // Any code but the two interface codes, the wire number 2 included, writes a zero length and
 // nothing else.
 TEST(Flowspec, BuildWritesBothLayouts) {
-    const uint8_t codes[] = {RSVP_QOS_GUARANTEED, RSVP_QOS_CONTROLLED_LOAD, 2};
-    for (uint8_t code : codes) {
-        const char *want = code == RSVP_QOS_GUARANTEED        ? kGtdHex
-                           : code == RSVP_QOS_CONTROLLED_LOAD ? kClHex
-                                                              : "00 00";
+    const std::pair<uint8_t, const char *> rows[] = {
+        {RSVP_QOS_GUARANTEED, kGtdHex}, {RSVP_QOS_CONTROLLED_LOAD, kClHex}, {2, "00 00"}};
+    for (const auto &[code, want] : rows) {
         SCOPED_TRACE(int(code));
         Bytes b(56, 0xee);
         rsvp_build_flowspec(b.data(), code, 10000, 1250000, 64, 1500, 2500000, 2000000, 100);
@@ -131,9 +129,7 @@ TEST(Flowspec, GenericValidatorsChooseByCType) {
     const std::tuple<int (*)(uint8_t *), Bytes, int> rows[] = {
         {tspec, hex(kTspecHex), 1},
         {tspec, object(12, 4, Bytes(12, 0xff)), 1},  // any 16-byte SONET/SDH body
-        {tspec, object(12, 4, Bytes(16, 0)), 0},
         {tspec, object(12, 5, hex("00 00 00 07 00 01 00 01 4b 80 00 00")), 1},
-        {tspec, object(12, 5, Bytes(16, 0)), 0},
         {tspec, object(12, 3, Bytes(12, 0)), 0},
         {tspec, object(9, 4, Bytes(12, 0)), 0},
         {flowspec, hex(kGtdHex), 1},

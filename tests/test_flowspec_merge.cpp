@@ -26,11 +26,9 @@ const Bytes kGtd = roomy(hex(kGtdHex)), kCl = roomy(hex(kClHex)),
 }  // namespace
 
 // The result is Guaranteed when either side is; each field takes its bound (unsigned) over
-// what the getters report, target's value only when strictly beyond other's. When neither side
-// is Guaranteed, other's service is taken: a qualitative (or missing) other builds nothing, and
-// the answer is 1 without a write. 0 when target is left as it was; a float that does not
-// survive the integer round trip is rewritten although no field grew. Merging the result with
-// itself (the same pointer) changes nothing: 0, or 1 without a write for a qualitative one.
+// what the getters report. Else other's service is taken: a qualitative (or missing) other
+// builds nothing, and the answer is 1 without a write. 0 when target is left as it was, so
+// merging the result with itself changes nothing: 0, or for a qualitative one 1.
 TEST(FlowspecMerge, EachFieldTakesItsBound) {
     const Bytes inexact = roomy(patched(kGtdHex, 16, "49 98 96 81"));  // r 1250000.125
     const Bytes gtd_max = gtd(10000, 1250000, 64, 1500, 2500000, 2000000, 0);
@@ -54,8 +52,8 @@ TEST(FlowspecMerge, EachFieldTakesItsBound) {
         {kQual, kQual, 1, kQual},
         {kCl, kQual, 1, kCl},
         {kCl, {}, 1, kCl},
-        {kQual, kCl, 1, kCl},  // Controlled-Load built; m the smaller of 65535 and 64
-        {inexact, inexact, 1, kGtd},
+        {kQual, kCl, 1, kCl},         // Controlled-Load built; m the smaller of 65535 and 64
+        {inexact, inexact, 1, kGtd},  // re-encoded although no field grew
     };
     for (const auto &[t, o, result, want] : rows) {
         SCOPED_TRACE(to_hex(t) + " <- " + to_hex(o));
