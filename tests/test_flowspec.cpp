@@ -76,8 +76,8 @@ TEST(Flowspec, NegativeValuesCompareAboveAllPositiveOnes) {
 }
 
 // Every getter, and the extractor: the same fields where the flowspec validates, its outputs
-// untouched where it does not.
-TEST(Flowspec, GettersAndExtractor) {
+// untouched where it does not. Then the accessors.
+TEST(Flowspec, GettersExtractorAndAccessors) {
     const std::tuple<Bytes, FlowFields, int> rows[] = {
         {hex(kGtdHex), {3, 10000, 1250000, 2500000, 64, 1500, 2000000, 100}, 1},
         // Without an RSpec, r stands for the requested rate and S is 0.
@@ -103,9 +103,8 @@ TEST(Flowspec, GettersAndExtractor) {
     }
     // A null object: 0, but 65535 for the minimum policed unit.
     EXPECT_EQ(flow_fields(nullptr), FlowFields(0, 0, 0, 0, 65535, 0, 0, 0));
-}
 
-TEST(Flowspec, Accessors) {
+    // The raw accessors do not validate.
     Bytes b = hex(kGtdHex);
     uint8_t *frag = RSVP_FLOWSPEC_FRAGMENTS_PTR(b.data(), 0);
     ASSERT_EQ(frag, b.data() + 8);
@@ -116,7 +115,7 @@ TEST(Flowspec, Accessors) {
                          RSVP_FLOWSPEC_RSPEC_PARAM_LEN(frag), RSVP_FLOWSPEC_RSPEC_REQ_RATE(frag),
                          RSVP_FLOWSPEC_RSPEC_SLACK(frag)),
               std::tuple(130, 0, 2, 2000000, 100u));
-    b[4] = 0x30;  // no validation: a broken object still reads
+    b[4] = 0x30;  // a broken object still reads
     EXPECT_EQ(RSVP_FLOWSPEC_HEADER_VERSION(b.data()), 3);
     EXPECT_EQ(RSVP_FLOWSPEC_FRAGMENTS_PTR(nullptr, 4), nullptr);
     EXPECT_EQ(RSVP_FLOWSPEC_RSPEC_REQ_RATE(nullptr), 0);

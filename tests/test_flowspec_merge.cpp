@@ -40,9 +40,8 @@ TEST(FlowspecMerge, EachFieldTakesItsBound) {
          gtd(20000, 1500000, 64, 9000, 3000000, 4000000, 100)},
         // Unsigned 64-bit: -1 ranks above every positive rate.
         {kGtd, gtd(-1, -1, 64, 1500, -1, -1, 100), 1, gtd(-1, -1, 64, 1500, -1, -1, 100)},
-        // Controlled-Load other: its r stands for R, its S is 0; qualitative: m 65535, S 0.
+        // Controlled-Load other: its r stands for R, and its S is 0.
         {kGtd, kCl, 1, gtd_max},
-        {kGtd, kQual, 1, gtd_max},
         // Controlled-Load target: R is the larger of other's R and target's r (1250000 beats
         // 1100000), S the smaller of other's S and target's 0.
         {kCl, gtd(20000, 1000000, 128, 1000, 3000000, 1100000, 50), 1,
@@ -50,8 +49,7 @@ TEST(FlowspecMerge, EachFieldTakesItsBound) {
         {kGtd, kGtd, 0, kGtd},
         {kCl, kCl, 0, kCl},
         {kQual, kQual, 1, kQual},
-        {kCl, kQual, 1, kCl},
-        {kCl, {}, 1, kCl},
+        {kCl, {}, 1, kCl},            // no service taken from a null other: nothing built
         {kQual, kCl, 1, kCl},         // Controlled-Load built; m the smaller of 65535 and 64
         {inexact, inexact, 1, kGtd},  // re-encoded although no field grew
     };
