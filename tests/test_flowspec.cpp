@@ -6,19 +6,6 @@
 
 using namespace rsvp_test;
 
-// Any code but the two interface codes, the wire number 2 included, writes a zero length and
-// nothing else.
-TEST(Flowspec, BuildWritesBothLayouts) {
-    const std::pair<uint8_t, const char *> rows[] = {
-        {RSVP_QOS_GUARANTEED, kGtdHex}, {RSVP_QOS_CONTROLLED_LOAD, kClHex}, {2, "00 00"}};
-    for (const auto &[code, want] : rows) {
-        SCOPED_TRACE(int(code));
-        Bytes b(56, 0xee);
-        rsvp_build_flowspec(b.data(), code, 10000, 1250000, 64, 1500, 2500000, 2000000, 100);
-        EXPECT_EQ(to_hex(b), to_hex(concat({hex(want), Bytes(56 - hex(want).size(), 0xee)})));
-    }
-}
-
 // The Controlled-Load rows check what its layout does not share with the Guaranteed one.
 TEST(Flowspec, ValidatorChecksEachField) {
     const std::tuple<const char *, size_t, const char *, int> rows[] = {
@@ -75,9 +62,18 @@ TEST(Flowspec, NegativeValuesCompareAboveAllPositiveOnes) {
     EXPECT_EQ(rsvp_compare_tspec_with_flowspec(nullptr, pos.data()), -1);  // no rate: 0
 }
 
-// Every getter, and the extractor: the same fields where the flowspec validates, its outputs
-// untouched where it does not. Then the accessors.
-TEST(Flowspec, GettersExtractorAndAccessors) {
+// Built bytes; every getter, and the extractor: the same fields where the flowspec validates,
+// its outputs untouched where it does not. Then the accessors.
+TEST(Flowspec, BuildGettersExtractorAndAccessors) {
+    // Any code but the two interface codes, the wire number 2 included, builds a zero length only.
+    for (const auto &[code, want] : {std::pair<uint8_t, const char *>(RSVP_QOS_GUARANTEED, kGtdHex),
+                                     {RSVP_QOS_CONTROLLED_LOAD, kClHex},
+                                     {2, "00 00"}}) {
+        SCOPED_TRACE(int(code));
+        Bytes b(56, 0xee);
+        rsvp_build_flowspec(b.data(), code, 10000, 1250000, 64, 1500, 2500000, 2000000, 100);
+        EXPECT_EQ(to_hex(b), to_hex(concat({hex(want), Bytes(56 - hex(want).size(), 0xee)})));
+    }
     const std::tuple<Bytes, FlowFields, int> rows[] = {
         {hex(kGtdHex), {3, 10000, 1250000, 2500000, 64, 1500, 2000000, 100}, 1},
         // Without an RSpec, r stands for the requested rate and S is 0.

@@ -95,11 +95,10 @@ TEST(Sender, BuildValidateAndExtract) {
         EXPECT_EQ(extract(b), untouched);
         EXPECT_EQ(extract({}), untouched);
     }
-    for (uint8_t c_type : {0, 2, 13}) {
-        Bytes t = object(kT, c_type, hex("0a000001 00000001")), f = t;
-        f[2] = kF;
-        EXPECT_EQ(valid(kT, t) + valid(kF, f), 0);
-    }
+    // Unknown C-Types.
+    EXPECT_EQ(valid(kT, object(kT, 2, hex("0a000001 00000001"))) +
+                  valid(kF, object(kF, 13, hex("0a000001 00000001"))),
+              0);
     EXPECT_EQ(rsvp_valid_template_gen_ipv4(nullptr) + rsvp_valid_filter_gen_ipv4(nullptr), 0);
 }
 

@@ -119,14 +119,10 @@ TEST(Tspec, FragmentWalk) {
                          RSVP_TOKEN_BUCKET_FRAG_PARAM_ID(tb), RSVP_TOKEN_BUCKET_FRAG_FLAGS(tb),
                          RSVP_TOKEN_BUCKET_FRAG_PARAM_LEN(tb)),
               std::tuple(128, 0, 1, 1500u, 127, 0, 5));
-    // The object-level accessors answer only for an object the dispatch accepts: not for
-    // version 1, nor for an unknown class.
-    for (const auto &[at, value] : {std::pair(4, 0x10), std::pair(2, 99)}) {
-        o[at] = static_cast<uint8_t>(value);
-        EXPECT_EQ(std::tuple(RSVP_TSPEC_HEADER_VERSION(o), RSVP_TSPEC_HEADER_LENGTH(o),
-                             RSVP_TSPEC_FRAGMENTS_PTR(o, 0)),
-                  std::tuple(0, 0, nullptr));
-    }
+    o[4] = 0x10;  // version 1: the object-level accessors answer only for a valid object
+    EXPECT_EQ(std::tuple(RSVP_TSPEC_HEADER_VERSION(o), RSVP_TSPEC_HEADER_LENGTH(o),
+                         RSVP_TSPEC_FRAGMENTS_PTR(o, 0)),
+              std::tuple(0, 0, nullptr));
 }
 
 // The "real" builder stores the float bits as given, exactly as the integer one does.
