@@ -100,19 +100,19 @@ TEST(Flowspec, BuildGettersExtractorAndAccessors) {
     // A null object: 0, but 65535 for the minimum policed unit.
     EXPECT_EQ(flow_fields(nullptr), FlowFields(0, 0, 0, 0, 65535, 0, 0, 0));
 
-    // The raw accessors do not validate.
-    Bytes b = hex(kGtdHex);
-    uint8_t *frag = RSVP_FLOWSPEC_FRAGMENTS_PTR(b.data(), 0);
-    ASSERT_EQ(frag, b.data() + 8);
-    EXPECT_EQ(std::tuple(RSVP_FLOWSPEC_HEADER_LENGTH(b.data()), RSVP_GTD_BUCKET_PTR(frag),
+    // The raw accessors do not validate. Bytes of 0xcc lie before the object.
+    Bytes b = concat({Bytes(32, 0xcc), hex(kGtdHex)});
+    uint8_t *const o = b.data() + 32, *frag = RSVP_FLOWSPEC_FRAGMENTS_PTR(o, 0);
+    ASSERT_EQ(frag, o + 8);
+    EXPECT_EQ(std::tuple(RSVP_FLOWSPEC_HEADER_LENGTH(o), RSVP_GTD_BUCKET_PTR(frag),
                          RSVP_CLOAD_BUCKET_PTR(frag)),
               std::tuple(10, frag, frag));
     EXPECT_EQ(std::tuple(RSVP_FLOWSPEC_RSPEC_PARAM_ID(frag), RSVP_FLOWSPEC_RSPEC_FLAGS(frag),
                          RSVP_FLOWSPEC_RSPEC_PARAM_LEN(frag), RSVP_FLOWSPEC_RSPEC_REQ_RATE(frag),
                          RSVP_FLOWSPEC_RSPEC_SLACK(frag)),
               std::tuple(130, 0, 2, 2000000, 100u));
-    b[4] = 0x30;  // a broken object still reads
-    EXPECT_EQ(RSVP_FLOWSPEC_HEADER_VERSION(b.data()), 3);
+    o[4] = 0x30;  // a broken object still reads
+    EXPECT_EQ(RSVP_FLOWSPEC_HEADER_VERSION(o), 3);
     EXPECT_EQ(RSVP_FLOWSPEC_FRAGMENTS_PTR(nullptr, 4), nullptr);
     EXPECT_EQ(RSVP_FLOWSPEC_RSPEC_REQ_RATE(nullptr), 0);
 }

@@ -53,7 +53,8 @@ TEST(GmplsTraffic, BuildAndExtract) {
         uint16_t nvc = 0x5555, mt = 0x5555;
         int64_t rate = 0x55;
         HeapBytes good = heap_copy(b);
-        // A null object or a null output.
+        // Another C-Type, a null object or a null output.
+        EXPECT_EQ(extract(heap_copy(sonet(cls)).data(), &st, &nvc, &mt, &rate), 0);
         EXPECT_EQ(extract(nullptr, &st, &nvc, &mt, &rate), 0);
         EXPECT_EQ(extract(good.data(), nullptr, &nvc, &mt, &rate), 0);
         EXPECT_EQ(extract(good.data(), &st, nullptr, &mt, &rate), 0);
