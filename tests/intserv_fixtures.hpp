@@ -1,5 +1,4 @@
-// Intserv objects shared by the SENDER_TSPEC, FLOWSPEC, merge and end-to-end tests, and a
-// one-line view of all the fields a flowspec's getters report.
+// Intserv objects shared by the Intserv tests, and all the fields a flowspec's getters report.
 #pragma once
 
 #include <algorithm>

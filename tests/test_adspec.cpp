@@ -48,7 +48,7 @@ Bytes with_byte(Bytes b, size_t at, uint8_t value) {
 
 }  // namespace
 
-TEST(AdspecBaseline, BytesPerSelectorAndAppendPointer) {
+TEST(AdspecBaseline, BytesPerSelectorAppendPointerAndValidation) {
     // Selector, then whether the Guaranteed and the Controlled-Load fragment follow the general
     // one. A general-only ADSPEC is rejected on purpose, although it can be built.
     const std::tuple<uint32_t, int, int> rows[] = {
@@ -67,9 +67,7 @@ TEST(AdspecBaseline, BytesPerSelectorAndAppendPointer) {
         EXPECT_EQ(rsvp_valid_adspec(heap_copy(want).data()), valid);
         EXPECT_EQ(rsvp_valid_object(heap_copy(want).data()), static_cast<uint32_t>(valid));
     }
-}
 
-TEST(AdspecValid, LengthSweepsAndFieldChecks) {
     // The 84-byte baseline cut at every length, with every overall length: valid exactly when
     // the overall length reaches at least past the Guaranteed fragment (18 words) and stays
     // within the object (zero bytes behind the baseline are empty fragments). 10 to 17 words
@@ -81,18 +79,16 @@ TEST(AdspecValid, LengthSweepsAndFieldChecks) {
             if (len >= 8) b[7] = static_cast<uint8_t>(words);
             EXPECT_EQ(rsvp_valid_adspec(heap_copy(b).data()), words >= 18 && 4 * words + 8 <= len);
         }
-    const std::tuple<const char *, unsigned, uint8_t, int> rows[] = {
+    const std::tuple<const char *, unsigned, uint8_t, int> fields[] = {
         {"class", 2, RSVP_CLASS_FLOWSPEC, 0},
         {"C-Type", 3, 1, 0},
         {"version byte", 4, 0x10, 0},
-        {"reserved byte", 5, 0x01, 0},
         {"general service", 8, RSVP_INTSRV_SERVICE_GUARANTEED, 0},
         {"general length", 11, 9, 0},
-        {"general parameter id", 12, 99, 1},  // the parameters are not examined
-        {"Guaranteed service number", 44, 99, 1},
-        {"Guaranteed break bit", 45, 0x80, 1},
+        {"general parameter id", 12, 99, 1},       // the parameters are not examined
+        {"Guaranteed service number", 44, 99, 1},  // nor the service numbers
     };
-    for (const auto &[name, offset, value, valid] : rows) {
+    for (const auto &[name, offset, value, valid] : fields) {
         SCOPED_TRACE(name);
         Bytes b = baseline(0);
         b[offset] = value;
@@ -134,7 +130,6 @@ TEST(AdspecFragments, FixedPositionsAndLengthPlusFourStep) {
         {"Controlled-Load only, 02 behind", concat({baseline(2), hex("02")}), 48, 44, 0, 1},
         {"Guaranteed only, 05 behind", concat({baseline(1), hex("05")}), 44, 80, 1, 0},
         {"general only, 02 behind", concat({baseline(3), hex("02")}), -1, -1, 1, 0},
-        {"baseline 0 cut to 48 bytes", cut_to(baseline(0), 48), -1, -1, 1, 0},
         {"header only", object(RSVP_CLASS_ADSPEC, RSVP_CTYPE_ADSPEC_INTSERV, {}), -1, -1, 0, 0},
         {"null", {}, -1, -1, 0, 0},
         // A length of 0xfffb makes the step -1: back to byte 40 (path MTU now 0x02ffffff).
@@ -165,25 +160,27 @@ TEST(AdspecFragments, FixedPositionsAndLengthPlusFourStep) {
 TEST(AdspecAccessors, ObjectLevelNeedValidityFragmentLevelDoNot) {
     // A valid baseline and a general-only one (invalid), both with IS hops 5 and latency 1200.
     HeapBytes good = heap_copy(baseline(0)), bad = heap_copy(baseline(3));
+    uint8_t *none = nullptr;
     for (uint8_t *o : {good.data(), bad.data()})
         o[19] = 5, o[34] = 0x04, o[35] = 0xb0;
-    for (uint8_t *o : {good.data(), bad.data(), static_cast<uint8_t *>(nullptr)}) {
+    for (uint8_t *o : {good.data(), bad.data(), none}) {
         const bool v = o == good.data();
         SCOPED_TRACE(v ? "valid" : o ? "invalid" : "null");
         EXPECT_EQ(std::tuple(RSVP_ADSPEC_HDR_VERSION(o), RSVP_ADSPEC_HDR_LENGTH(o),
                              RSVP_ADSPEC_NUMBER_IS_HOPS_VAL(o), RSVP_ADSPEC_BANDWIDTH_VAL(o),
                              RSVP_ADSPEC_LATENCY_VAL(o)),
                   v ? std::tuple(0u, 19, 5u, 0x7f800000u, 1200u) : std::tuple(0u, 0, 0u, 0u, 0u));
-        EXPECT_EQ(RSVP_ADSPEC_HDR_GENERAL_FRAG_HDR(o), v ? o + 8 : nullptr);
-        EXPECT_EQ(RSVP_ADSPEC_HDR_GENERAL_FRAGMENTS_PTR(o, 36), v ? o + 80 : nullptr);
+        EXPECT_EQ(std::pair(RSVP_ADSPEC_HDR_GENERAL_FRAG_HDR(o),
+                            RSVP_ADSPEC_HDR_GENERAL_FRAGMENTS_PTR(o, 36)),
+                  v ? std::pair(o + 8, o + 80) : std::pair(none, none));
         RSVP_ADSPEC_HDR_SET_LENGTH(o, 18);
     }
-    EXPECT_EQ(good.data()[7], 18);
-    EXPECT_EQ(bad.data()[7], 9);  // the setter left the invalid object alone
+    // The setter left the invalid object alone.
+    EXPECT_EQ(std::pair(good.data()[7], bad.data()[7]), std::pair(uint8_t{18}, uint8_t{9}));
 
     // Fragment-level accessors want only a pointer. The break bit setter stores the byte as
     // given, not the RFC's high-order bit.
-    uint8_t *gtd = good.data() + 44, *none = nullptr;
+    uint8_t *gtd = good.data() + 44;
     uint8_t *(*const ptrs[])(uint8_t *) = {
         RSVP_GTD_FRAG_HDR_PTR, RSVP_CLOAD_FRAG_HDR_PTR, RSVP_ADSPEC_FRAG_HDR_FIRST_OBJECT,
         RSVP_GTD_CTOT_PTR,     RSVP_GTD_DTOT_PTR,       RSVP_GTD_CSUM_PTR,

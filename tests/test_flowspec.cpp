@@ -6,40 +6,21 @@
 
 using namespace rsvp_test;
 
-// Any code but the two interface codes, the wire number 2 included, writes a zero length and
-// nothing else.
-TEST(Flowspec, BuildWritesBothLayouts) {
-    const uint8_t codes[] = {RSVP_QOS_GUARANTEED, RSVP_QOS_CONTROLLED_LOAD, 0, 2, 6, 255};
-    for (uint8_t code : codes) {
-        const char *want = code == RSVP_QOS_GUARANTEED        ? kGtdHex
-                           : code == RSVP_QOS_CONTROLLED_LOAD ? kClHex
-                                                              : "00 00";
-        SCOPED_TRACE(int(code));
-        Bytes b(56, 0xee);
-        rsvp_build_flowspec(b.data(), code, 10000, 1250000, 64, 1500, 2500000, 2000000, 100);
-        EXPECT_EQ(to_hex(b), to_hex(concat({hex(want), Bytes(56 - hex(want).size(), 0xee)})));
-    }
-}
-
 // The Controlled-Load rows check what its layout does not share with the Guaranteed one.
 TEST(Flowspec, ValidatorChecksEachField) {
     const std::tuple<const char *, size_t, const char *, int> rows[] = {
         {kGtdHex, 2, "0c", 0},                        // class 12
         {kGtdHex, 0, "00 34", 0},                     // length 52
         {kGtdHex, 4, "10", 0},                        // version 1
-        {kGtdHex, 5, "01", 0},                        // reserved bits
         {kGtdHex, 6, "00 09", 0},                     // overall length 9
         {kGtdHex, 9, "80", 0},                        // fragment reserved byte
         {kGtdHex, 10, "00 08", 0},                    // service data length 8
         {kGtdHex, 12, "7e", 0},                       // token bucket id
-        {kGtdHex, 13, "01", 0},                       // token bucket flags
         {kGtdHex, 14, "00 06", 0},                    // token bucket length
         {kGtdHex, 36, "83", 0},                       // RSpec id
-        {kGtdHex, 37, "01", 0},                       // RSpec flags
         {kGtdHex, 38, "00 03", 0},                    // RSpec length
         {kGtdHex, 16, "7f 80 00 00", 0},              // r infinite
-        {kGtdHex, 20, "7f 80 00 00", 0},              // b infinite
-        {kGtdHex, 24, "7f 80 00 00", 1},              // p infinite
+        {kGtdHex, 24, "49 98 96 80", 1},              // p = r
         {kGtdHex, 24, "49 98 96 78", 0},              // p 1249999, one below r
         {kGtdHex, 40, "49 98 96 80", 1},              // R = r
         {kGtdHex, 40, "49 98 96 78", 0},              // R 1249999, one below r
@@ -50,7 +31,6 @@ TEST(Flowspec, ValidatorChecksEachField) {
         {kClHex, 6, "00 0a", 0},                      // overall length 10
         {kClHex, 10, "00 09", 0},                     // service data length 9
         {kClHex, 24, "00 00 00 00", 0},               // p below r
-        {kClHex, 28, "ff ff ff ff", 1},               // m above M: not examined
         {kClHex, 8, "01", 0},                         // service 1
     };
     for (const auto &[base, offset, patch, verdict] : rows) {
@@ -68,14 +48,11 @@ TEST(Flowspec, ValidatorChecksEachField) {
 }
 
 // The rate comparisons are unsigned 64-bit: a negative converted value ranks above every
-// positive one, in the validator and in both orderings.
+// positive one, in the validator and in both orderings, which look at the average rate only.
 TEST(Flowspec, NegativeValuesCompareAboveAllPositiveOnes) {
     Bytes neg_r = patched(kGtdHex, 16, "bf 80 00 00");  // r -1: p and R now "below" it
-    EXPECT_EQ(rsvp_valid_flowspec(neg_r.data()), 0);
-    EXPECT_EQ(rsvp_valid_flowspec(patched(kGtdHex, 24, "bf 80 00 00").data()), 1);  // p -1
-    EXPECT_EQ(rsvp_valid_flowspec(patched(kGtdHex, 40, "bf 80 00 00").data()), 1);  // R -1
-    // Only the average rate counts: equal rates compare equal whatever else differs.
     Bytes pos = hex(kGtdHex), tspec(36), cl = patched(kClHex, 20, "00 00 00 00 4b 00 00 00");
+    EXPECT_EQ(rsvp_valid_flowspec(neg_r.data()), 0);
     EXPECT_EQ(rsvp_compare_flowspecs(neg_r.data(), pos.data()), 1);
     EXPECT_EQ(rsvp_compare_flowspecs(pos.data(), neg_r.data()), -1);
     EXPECT_EQ(rsvp_compare_flowspecs(pos.data(), cl.data()), 0);
@@ -85,9 +62,18 @@ TEST(Flowspec, NegativeValuesCompareAboveAllPositiveOnes) {
     EXPECT_EQ(rsvp_compare_tspec_with_flowspec(nullptr, pos.data()), -1);  // no rate: 0
 }
 
-// Every getter, and the extractor: the same fields where the flowspec validates, its outputs
-// untouched where it does not.
-TEST(Flowspec, GettersAndExtractor) {
+// Built bytes; every getter, and the extractor: the same fields where the flowspec validates,
+// its outputs untouched where it does not. Then the accessors.
+TEST(Flowspec, BuildGettersExtractorAndAccessors) {
+    // Any code but the two interface codes, the wire number 2 included, builds a zero length only.
+    for (const auto &[code, want] : {std::pair<uint8_t, const char *>(RSVP_QOS_GUARANTEED, kGtdHex),
+                                     {RSVP_QOS_CONTROLLED_LOAD, kClHex},
+                                     {2, "00 00"}}) {
+        SCOPED_TRACE(int(code));
+        Bytes b(56, 0xee);
+        rsvp_build_flowspec(b.data(), code, 10000, 1250000, 64, 1500, 2500000, 2000000, 100);
+        EXPECT_EQ(to_hex(b), to_hex(concat({hex(want), Bytes(56 - hex(want).size(), 0xee)})));
+    }
     const std::tuple<Bytes, FlowFields, int> rows[] = {
         {hex(kGtdHex), {3, 10000, 1250000, 2500000, 64, 1500, 2000000, 100}, 1},
         // Without an RSpec, r stands for the requested rate and S is 0.
@@ -113,21 +99,20 @@ TEST(Flowspec, GettersAndExtractor) {
     }
     // A null object: 0, but 65535 for the minimum policed unit.
     EXPECT_EQ(flow_fields(nullptr), FlowFields(0, 0, 0, 0, 65535, 0, 0, 0));
-}
 
-TEST(Flowspec, Accessors) {
-    Bytes b = hex(kGtdHex);
-    uint8_t *frag = RSVP_FLOWSPEC_FRAGMENTS_PTR(b.data(), 0);
-    ASSERT_EQ(frag, b.data() + 8);
-    EXPECT_EQ(std::tuple(RSVP_FLOWSPEC_HEADER_LENGTH(b.data()), RSVP_GTD_BUCKET_PTR(frag),
+    // The raw accessors do not validate. Bytes of 0xcc lie before the object.
+    Bytes b = concat({Bytes(32, 0xcc), hex(kGtdHex)});
+    uint8_t *const o = b.data() + 32, *frag = RSVP_FLOWSPEC_FRAGMENTS_PTR(o, 0);
+    ASSERT_EQ(frag, o + 8);
+    EXPECT_EQ(std::tuple(RSVP_FLOWSPEC_HEADER_LENGTH(o), RSVP_GTD_BUCKET_PTR(frag),
                          RSVP_CLOAD_BUCKET_PTR(frag)),
               std::tuple(10, frag, frag));
     EXPECT_EQ(std::tuple(RSVP_FLOWSPEC_RSPEC_PARAM_ID(frag), RSVP_FLOWSPEC_RSPEC_FLAGS(frag),
                          RSVP_FLOWSPEC_RSPEC_PARAM_LEN(frag), RSVP_FLOWSPEC_RSPEC_REQ_RATE(frag),
                          RSVP_FLOWSPEC_RSPEC_SLACK(frag)),
               std::tuple(130, 0, 2, 2000000, 100u));
-    b[4] = 0x30;  // no validation: a broken object still reads
-    EXPECT_EQ(RSVP_FLOWSPEC_HEADER_VERSION(b.data()), 3);
+    o[4] = 0x30;  // a broken object still reads
+    EXPECT_EQ(RSVP_FLOWSPEC_HEADER_VERSION(o), 3);
     EXPECT_EQ(RSVP_FLOWSPEC_FRAGMENTS_PTR(nullptr, 4), nullptr);
     EXPECT_EQ(RSVP_FLOWSPEC_RSPEC_REQ_RATE(nullptr), 0);
 }
@@ -139,16 +124,12 @@ TEST(Flowspec, GenericValidatorsChooseByCType) {
     const std::tuple<int (*)(uint8_t *), Bytes, int> rows[] = {
         {tspec, hex(kTspecHex), 1},
         {tspec, object(12, 4, Bytes(12, 0xff)), 1},  // any 16-byte SONET/SDH body
-        {tspec, object(12, 4, Bytes(16, 0)), 0},
         {tspec, object(12, 5, hex("00 00 00 07 00 01 00 01 4b 80 00 00")), 1},
-        {tspec, object(12, 5, Bytes(16, 0)), 0},
         {tspec, object(12, 3, Bytes(12, 0)), 0},
         {tspec, object(9, 4, Bytes(12, 0)), 0},
         {flowspec, hex(kGtdHex), 1},
         {flowspec, object(9, 4, Bytes(12, 0xff)), 1},
-        {flowspec, object(9, 4, Bytes(8, 0)), 0},
         {flowspec, object(9, 5, hex("00 00 00 07 00 01 00 01 4b 80 00 00")), 1},
-        {flowspec, object(9, 5, Bytes(16, 0)), 0},
         {flowspec, object(9, 1, Bytes(12, 0)), 0},
         {flowspec, object(12, 2, Bytes(12, 0)), 0},
     };

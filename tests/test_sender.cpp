@@ -29,67 +29,34 @@ Bytes sender(uint8_t cls, uint8_t c_type, const char *addr, uint16_t port,
 
 }  // namespace
 
-// Only the SENDER_TEMPLATE validator looks at the address; the FILTER_SPEC twin of every row
-// is valid. A valid object of either class is valid at exactly its own Length.
-TEST(Sender, ValidatorsDifferOnlyInTheAddress) {
-    const std::tuple<uint8_t, const char *, int> rows[] = {
-        {1, "10.0.0.1", 1},   {7, "10.0.0.1", 1},  {12, "10.0.0.1", 1}, {1, "0.0.0.0", 0},
-        {7, "0.0.0.0", 0},    {12, "0.0.0.0", 0},  {1, "224.0.0.5", 0}, {7, "239.255.255.255", 0},
-        {12, "230.1.1.1", 0}, {1, "223.0.0.1", 1}, {7, "240.0.0.1", 1},
-    };
-    for (const auto &[c_type, addr, template_valid] : rows) {
-        SCOPED_TRACE(testing::Message() << int(c_type) << " " << addr);
-        Bytes t = sender(kT, c_type, addr, 1, "10.0.0.2", 2);
-        Bytes f = sender(kF, c_type, addr, 1, "10.0.0.2", 2);
-        EXPECT_EQ(rsvp_valid_template_gen_ipv4(t.data()), template_valid);
-        EXPECT_EQ(rsvp_valid_object(t.data()), static_cast<uint32_t>(template_valid));
-        EXPECT_EQ(rsvp_valid_filter_gen_ipv4(f.data()), 1);
-        EXPECT_EQ(rsvp_valid_object(f.data()), 1u);
-        EXPECT_EQ(rsvp_valid_template_gen_ipv4(f.data()) + rsvp_valid_filter_gen_ipv4(t.data()), 0);
-        for (size_t len = 4; template_valid && len <= 28; len += 4)
-            for (const Bytes &o : {t, f})
-                EXPECT_EQ(rsvp_valid_object(heap_copy(cut_to(o, len)).data()),
-                          len == t.size() ? 1u : 0u)
-                    << int(o[2]) << " length " << len;
-    }
-    for (uint8_t c_type : {0, 2, 3, 8, 11, 13}) {
-        Bytes t = object(kT, c_type, hex("0a000001 00000001")), f = t;
-        f[2] = kF;
-        EXPECT_EQ(rsvp_valid_template_gen_ipv4(t.data()) + rsvp_valid_filter_gen_ipv4(f.data()), 0);
-    }
-    EXPECT_EQ(rsvp_valid_template_gen_ipv4(nullptr) + rsvp_valid_filter_gen_ipv4(nullptr), 0);
-}
-
-// Every builder writes each byte of its object, and the extractor of the same class and
-// C-Type reads the fields back. Extractors answer 0 and write nothing for the twin class,
-// another C-Type, an object their class validator refuses (only SENDER_TEMPLATE refuses the
-// zero sender) and a null object.
-TEST(Sender, BuildersAndExtractors) {
+// Every builder writes each byte of its object, valid at exactly its own Length, and the
+// extractor of the same class and C-Type reads the fields back. Only the SENDER_TEMPLATE
+// validator looks at the address (neither 0 nor multicast). Extractors answer 0 and write
+// nothing for the twin class, another C-Type, an object their class validator refuses and a
+// null object.
+TEST(Sender, BuildValidateAndExtract) {
     using X12 = int (*)(uint8_t *, uint32_t *, uint16_t *);
     using XP2mp = int (*)(uint8_t *, uint32_t *, uint16_t *, uint32_t *, uint16_t *);
-    const std::tuple<uint8_t, uint8_t, X12, XP2mp, const char *> rows[] = {
-        {kT, 1, rsvp_extract_template_ipv4, nullptr,
-         "00 0c 0b 01 "   // length 12, SENDER_TEMPLATE, C-Type 1
-         "0a 00 00 01 "   // source 10.0.0.1
-         "00 00 01 02"},  // reserved 0, port 0x102
-        {kF, 1, rsvp_extract_filter_ipv4, nullptr, "00 0c 0a 01 0a 00 00 01 00 00 01 02"},
-        {kT, 7, rsvp_extract_template_lsp_tunnel_ipv4, nullptr,
-         "00 0c 0b 07 0a 00 00 01 00 00 01 02"},
-        {kF, 7, rsvp_extract_filter_lsp_tunnel_ipv4, nullptr,
-         "00 0c 0a 07 0a 00 00 01 00 00 01 02"},
-        {kT, 12, nullptr, rsvp_extract_template_lsp_p2mp_ipv4,
-         "00 14 0b 0c "   // length 20, SENDER_TEMPLATE, C-Type 12
-         "0a 00 00 01 "   // sender 10.0.0.1
-         "00 00 01 02 "   // reserved, LSP ID 0x102
-         "c0 00 02 07 "   // Sub-Group Originator 192.0.2.7
-         "00 00 03 04"},  // reserved, Sub-Group ID 0x304
-        {kF, 12, nullptr, rsvp_extract_filter_lsp_p2mp_ipv4,
-         "00 14 0a 0c 0a 00 00 01 00 00 01 02 c0 00 02 07 00 00 03 04"},
+    const std::tuple<uint8_t, uint8_t, X12, XP2mp> rows[] = {
+        {kT, 1, rsvp_extract_template_ipv4, nullptr},
+        {kF, 1, rsvp_extract_filter_ipv4, nullptr},
+        {kT, 7, rsvp_extract_template_lsp_tunnel_ipv4, nullptr},
+        {kF, 7, rsvp_extract_filter_lsp_tunnel_ipv4, nullptr},
+        {kT, 12, nullptr, rsvp_extract_template_lsp_p2mp_ipv4},
+        {kF, 12, nullptr, rsvp_extract_filter_lsp_p2mp_ipv4},
     };
     auto make = [](uint8_t cls, uint8_t c_type, const char *addr) {
         return sender(cls, c_type, addr, 0x102, "192.0.2.7", 0x304);
     };
-    for (const auto &[cls, c_type, x12, xp2mp, bytes] : rows) {
+    auto valid = [](uint8_t cls, const Bytes &obj) {
+        HeapBytes h = heap_copy(obj);
+        return (cls == kT ? rsvp_valid_template_gen_ipv4 : rsvp_valid_filter_gen_ipv4)(h.data());
+    };
+    const std::pair<const char *, int> addrs[] = {
+        {"0.0.0.0", 0},         {"223.0.0.1", 1}, {"224.0.0.5", 0},
+        {"239.255.255.255", 0}, {"240.0.0.1", 1},
+    };
+    for (const auto &[cls, c_type, x12, xp2mp] : rows) {
         SCOPED_TRACE(testing::Message() << int(cls) << "/" << int(c_type));
         // The result, then the outputs (each preset to 1).
         auto extract = [x12 = x12, xp2mp = xp2mp](Bytes obj) {
@@ -100,18 +67,39 @@ TEST(Sender, BuildersAndExtractors) {
             return std::tuple(ok, addr, port, origin, sg_id);
         };
         Bytes b = make(cls, c_type, "10.0.0.1");
-        EXPECT_EQ(to_hex(b), to_hex(hex(bytes)));
         const bool p2mp = c_type == 12;
+        // Length, class, C-Type; sender 10.0.0.1; reserved, port or LSP ID 0x102; for C-Type
+        // 12, Sub-Group Originator 192.0.2.7, reserved and Sub-Group ID 0x304.
+        Bytes want = hex(p2mp ? "00 14 00 00 0a 00 00 01 00 00 01 02 c0 00 02 07 00 00 03 04"
+                              : "00 0c 00 00 0a 00 00 01 00 00 01 02");
+        want[2] = cls, want[3] = c_type;
+        EXPECT_EQ(to_hex(b), to_hex(want));
+        for (size_t len = 4; len <= 28; len += 4)
+            EXPECT_EQ(rsvp_valid_object(heap_copy(cut_to(b, len)).data()),
+                      len == b.size() ? 1u : 0u)
+                << len;
+        EXPECT_EQ(std::pair(valid(cls, b), valid(kT + kF - cls, b)), std::pair(1, 0));
+        for (const auto &[addr, unicast] : addrs) {
+            const int ok = cls == kF || unicast;
+            const Bytes o = make(cls, c_type, addr);
+            EXPECT_EQ(std::pair(valid(cls, o), rsvp_valid_object(heap_copy(o).data())),
+                      std::pair(ok, static_cast<uint32_t>(ok)))
+                << addr;
+        }
         EXPECT_EQ(extract(b), std::tuple(1, ip("10.0.0.1"), 0x102, p2mp ? ip("192.0.2.7") : 1u,
                                          p2mp ? 0x304 : 1));
         const auto untouched = std::tuple(0, 1u, 1, 1u, 1);
         EXPECT_EQ(extract(make(kT + kF - cls, c_type, "10.0.0.1")), untouched);
         EXPECT_EQ(extract(make(cls, c_type == 1 ? 7 : 1, "10.0.0.1")), untouched);
-        EXPECT_EQ(std::get<0>(extract(make(cls, c_type, "0.0.0.0"))), cls == kF);
         b[1] += 4;  // a Length no validator accepts
         EXPECT_EQ(extract(b), untouched);
         EXPECT_EQ(extract({}), untouched);
     }
+    // Unknown C-Types.
+    EXPECT_EQ(valid(kT, object(kT, 2, hex("0a000001 00000001"))) +
+                  valid(kF, object(kF, 13, hex("0a000001 00000001"))),
+              0);
+    EXPECT_EQ(rsvp_valid_template_gen_ipv4(nullptr) + rsvp_valid_filter_gen_ipv4(nullptr), 0);
 }
 
 // The accessors validate through rsvp_valid_object, so the TEMPLATE and FILTER names are twins
@@ -137,22 +125,17 @@ TEST(Sender, AccessorsValidateThroughTheDispatch) {
         EXPECT_EQ(tmpl(o), Fields());
         EXPECT_EQ(filt(o), Fields());
     }
-    for (uint8_t *o : {f.data(), t.data()}) {
-        RSVP_TEMPLATE_SET_SOURCE(o, ip("10.0.0.1"));
-        RSVP_TEMPLATE_SET_P2MP_SG_ORIGIN(o, ip("10.0.0.2"));
-    }
-    for (uint8_t *o : {v.data(), t.data()}) {
-        RSVP_FILTER_SET_SOURCE(o, ip("10.0.0.1"));
-        RSVP_FILTER_SET_P2MP_SG_ORIGIN(o, ip("10.0.0.2"));
-    }
+    RSVP_TEMPLATE_SET_SOURCE(f.data(), ip("10.0.0.1"));
+    RSVP_TEMPLATE_SET_P2MP_SG_ORIGIN(f.data(), ip("10.0.0.2"));
+    RSVP_FILTER_SET_SOURCE(v.data(), ip("10.0.0.1"));
+    RSVP_FILTER_SET_P2MP_SG_ORIGIN(v.data(), ip("10.0.0.2"));
+    RSVP_TEMPLATE_SET_SOURCE(t.data(), 1);
+    RSVP_FILTER_SET_P2MP_SG_ORIGIN(t.data(), 1);
     const Fields written(ip("10.0.0.1"), 80, ip("10.0.0.2"), 0x102);
     EXPECT_EQ(tmpl(f.data()), written);
     EXPECT_EQ(filt(v.data()), written);
     EXPECT_EQ(t, refused);
-}
-
-// The P2MP accessors do not check the C-Type: on a 12-byte object they use the bytes behind it.
-TEST(Sender, P2mpAccessorsReachPastATwelveByteObject) {
+    // The P2MP accessors do not check the C-Type: on a 12-byte object they use the bytes behind.
     Bytes buf = concat({sender(kF, 7, "10.0.0.1", 1), hex("c0 00 02 07 00 00 01 02")});
     EXPECT_EQ(RSVP_FILTER_P2MP_SG_ORIGIN(buf.data()), ip("192.0.2.7"));
     EXPECT_EQ(RSVP_TEMPLATE_P2MP_SG_ID(buf.data()), 0x102);
