@@ -58,8 +58,7 @@ TEST(Association, ValidatorsFollowTheLengthRuleOfEachForm) {
         }
 }
 
-// No validation: the fields are read wherever they lie. A refusal for lack of room still
-// writes the fixed fields and the count.
+// No validation; a refusal for lack of room still writes the fixed fields and the count.
 TEST(Association, ExtractorsTrustTheirCaller) {
     Bytes o = hex("00 0c 01 07 00 04 00 05 0a 00 00 01");  // class 1: read all the same
     uint16_t type = 0, id = 0, count = 0;

@@ -46,9 +46,8 @@ TEST(LabelSet, BuildAddExtract) {
               "00 0e 24 01 00 00 00 01 01 02 03 04 | 00 07 24 01");
 }
 
-// The two validators judge the same bytes differently: the plain one reads byte 7 of the label
-// type alone and takes any number of labels from the minimum; the 32-bit one masks the type to
-// 14 bits and wants a range of exactly two labels.
+// The plain validator reads byte 7 of the type alone and takes any number of labels from the
+// minimum; the 32-bit one masks the type to 14 bits and wants a range of exactly two labels.
 TEST(LabelSet, ValidatorsDifferOnPurpose) {
     struct Row {
         uint8_t cls, ctype, action;

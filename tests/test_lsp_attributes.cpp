@@ -1,15 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "rsvp_object_lib.h"
 #include "test_util.hpp"
 
 using namespace rsvp_test;
 
-// Flag n at the interface is wire bit 31 - n, both ways, and any TLV type is read. The flags
-// TLV goes in first only: the add reads existing TLV lengths unconverted, so on this
-// little-endian host an 8-byte TLV reads as 2048 and a second add refuses.
+// Flag n is wire bit 31 - n, any TLV type is read. The add reads existing TLV lengths
+// unconverted: an 8-byte TLV reads as 2048 here, so the flags TLV can only go in first.
 TEST(LspAttributes, FlagsTlvIsAddedFirstOnlyAndBitReversed) {
     const std::pair<uint32_t, const char *> rows[] = {
         {0x00000001, "80 00 00 00"}, {0x0000F00F, "f0 0f 00 00"}, {0x12345678, "1e 6a 2c 48"}};
@@ -135,7 +132,6 @@ TEST(ClassType, BuildMasksAndValidatorIgnoresLength) {
     Bytes b(12, 0xEE), wrong = object(66, 2, hex("00000001"));
     rsvp_build_class_type(b.data(), 9);
     EXPECT_EQ(to_hex(b), "00 08 42 01 00 00 00 01 ee ee ee ee");
-    EXPECT_EQ(rsvp_get_class_type(b.data()), 1);
     for (int len : {4, 8, 12, 64}) {
         Bytes o = object(66, 1, hex("ffffffff"), len);
         EXPECT_EQ(rsvp_valid_class_type(o.data()) * 10 + rsvp_get_class_type(o.data()), 17) << len;

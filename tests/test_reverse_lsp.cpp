@@ -19,8 +19,7 @@ const std::string kRro = "00 08 15 01 00 00 00 00 ";  // class 21, not looked at
 // POLICY_DATA accepts any C-Type: two kinds of one class.
 const std::string kPol1 = "00 04 0e 01 ", kPol2 = "00 04 0e 02 ";
 
-// Written out whole rather than through object(): the optimiser then sees no vector insert
-// of a possibly empty body (which GCC 12 warns about at -O2).
+// Not through object(): its insert of a maybe empty body draws a GCC 12 -O2 warning.
 Bytes reverse_lsp(const std::string &contents) {
     Bytes o = hex(("00 00 cb 01 " + contents).c_str());
     o[0] = static_cast<uint8_t>(o.size() >> 8);
@@ -55,8 +54,6 @@ TEST(ReverseLsp, BuildAndAddCopiesWholeObjects) {
 TEST(ReverseLsp, Validation) {
     const std::pair<std::string, int> rows[] = {
         {"", 1},
-        {kEro + kTspec, 1},
-        {kEro + kEro, 0},
         {kEro + kTspec + kEro, 0},
         {kPol1 + kPol2 + kPol1, 1},
         {"00 04 00 00 " + kEro, 0},                     // a leading null object is not valid
@@ -76,8 +73,7 @@ TEST(ReverseLsp, Validation) {
         EXPECT_EQ(rsvp_valid_reverse_lsp(hex(h).data()), 0) << h;
 }
 
-// 16,383 containers, each holding the next: the deepest nesting a 64 KB object allows,
-// validated on a thread with a 128 KB stack (the nesting must not nest as many calls).
+// 16,383 nested containers, the most 64 KB allow, validated on a 128 KB stack.
 TEST(ReverseLsp, DeepestNestingValidatesOnASmallStack) {
     static Bytes b(65532);
     for (size_t at = 0; at < b.size(); at += 4)
