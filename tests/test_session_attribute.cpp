@@ -7,8 +7,9 @@
 
 using namespace rsvp_test;
 
-// A 20-byte head although C-Type 7 needs 8: 12 counted zero bytes follow the padded name.
-TEST(SessionAttribute, BuildAddsTwentyBytesToTheName) {
+// The builder adds a 20-byte head although C-Type 7 needs 8: 12 counted zero bytes follow the
+// name. C-Type 7 is valid from 8 bytes, C-Type 1 from 20, whole words, priorities 0..7 only.
+TEST(SessionAttribute, BuildAddsTwentyBytesAndValidatorBoundaries) {
     const char *rows[][2] = {{"", "00 14 cf 07 07 03 05 00  00000000 00000000 00000000"},
                              {"LSP-to-PE3-xy",
                               "00 24 cf 07 07 03 05 0d  4c53502d 746f2d50 45332d78 79000000"
@@ -19,10 +20,6 @@ TEST(SessionAttribute, BuildAddsTwentyBytesToTheName) {
         rsvp_build_session_attribute(b.data(), 7, 3, 5, uint8_t(strlen(name)), name);
         EXPECT_EQ(to_hex(b), to_hex(hex(bytes)) + " ee ee ee ee");
     }
-}
-
-// C-Type 7 from 8 bytes, C-Type 1 from 20, whole words only; priorities 0..7; no other C-Type.
-TEST(SessionAttribute, ValidatorBoundaries) {
     for (uint8_t c_type : {1, 7, 2}) {
         for (unsigned len = 0; len <= 28; ++len) {
             SCOPED_TRACE(testing::Message() << int(c_type) << " length " << len);
