@@ -12,7 +12,7 @@ const uint32_t kSrc = ip("10.0.0.1");
 const uint32_t kIds[] = {7, 0x01020304, 9};
 }  // namespace
 
-TEST(Association, BuildersWriteEachForm) {
+TEST(Association, BuildersAndValidators) {
     Bytes b(44, 0xEE);
     ASSERT_EQ(rsvp_build_association_ipv4(b.data(), 1, 0x0203, kSrc), 1);
     EXPECT_EQ(to_hex(b.data(), 13), "00 0c c7 01 00 01 02 03 0a 00 00 01 ee");  // type, ID, src
@@ -36,9 +36,6 @@ TEST(Association, BuildersWriteEachForm) {
                   rsvp_build_association_ipv4_ext(nullptr, 1, 1, kSrc, 0, nullptr, 0),
               0);
     EXPECT_EQ(to_hex(b.data(), 6), "00 18 c7 03 00 01");
-}
-
-TEST(Association, ValidatorsFollowTheLengthRuleOfEachForm) {
     int (*const forms[])(uint8_t *) = {rsvp_valid_association_ipv4, rsvp_valid_association_ipv6,
                                        rsvp_valid_association_ipv4_ext,
                                        rsvp_valid_association_ipv6_ext};

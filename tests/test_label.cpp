@@ -23,7 +23,7 @@ const Wrapper kWrappers[] = {
 }  // namespace
 
 // Each wrapper keeps to its own class; the core also carries 235 and refuses, unwritten, the rest.
-TEST(GeneralizedLabel, WrappersKeepToTheirClass) {
+TEST(GeneralizedLabel, WrappersAndLengthsNotWholeWords) {
     const uint32_t labels[] = {0x00010203, 7};
     for (const Wrapper &w : kWrappers) {
         SCOPED_TRACE(int(w.class_num));
@@ -48,10 +48,7 @@ TEST(GeneralizedLabel, WrappersKeepToTheirClass) {
         EXPECT_EQ(rsvp_generalized_label_build(b.data(), labels, 1, cls), cls == 235);
         EXPECT_EQ(rsvp_generalized_label_valid(o.data(), cls), cls == 235);
     }
-}
-
-// Any Length from 4 is valid; the extractors take whole words only, or leave outputs alone.
-TEST(GeneralizedLabel, LengthNeedNotBeWholeWords) {
+    // Any Length from 4 is valid; the extractors take whole words only, or leave outputs alone.
     for (int len = 0; len <= 13; ++len) {
         SCOPED_TRACE(len);
         Bytes b = object(16, 2, hex("00 00 00 01 00 00 00 02 00 00 00 03"), len);
@@ -73,14 +70,13 @@ TEST(GeneralizedLabel, LengthNeedNotBeWholeWords) {
 }
 
 // The plain validators look at class and Length only; the class-table ones go by C-Type.
-TEST(PlainLabels, PlainValidatorsIgnoreTheCType) {
+TEST(PlainLabels, ValidatorsBuildExtractSetAndCopy) {
     struct Row {
         uint8_t cls, ctype;
         int len, label, gen_label, request, gen_request, gen_req;
     } rows[] = {{16, 1, 8, 1, 1, 0, 0, 0},  {16, 5, 8, 1, 0, 0, 0, 0},  {16, 2, 8, 1, 1, 0, 0, 0},
-                {16, 1, 12, 0, 0, 0, 0, 0}, {16, 2, 12, 0, 1, 0, 0, 0}, {16, 1, 4, 0, 0, 0, 0, 0},
-                {19, 1, 8, 0, 0, 1, 1, 0},  {19, 4, 8, 0, 0, 1, 1, 1},  {19, 3, 8, 0, 0, 1, 0, 0},
-                {19, 4, 12, 0, 0, 0, 0, 0}, {19, 1, 4, 0, 0, 0, 0, 0},  {35, 1, 8, 0, 0, 0, 0, 0}};
+                {16, 2, 12, 0, 1, 0, 0, 0}, {19, 1, 8, 0, 0, 1, 1, 0},  {19, 4, 8, 0, 0, 1, 1, 1},
+                {19, 3, 8, 0, 0, 1, 0, 0},  {19, 4, 12, 0, 0, 0, 0, 0}, {35, 1, 8, 0, 0, 0, 0, 0}};
     for (const Row &r : rows) {
         SCOPED_TRACE(testing::Message() << int(r.cls) << "/" << int(r.ctype) << " len " << r.len);
         HeapBytes o = heap_copy(object(r.cls, r.ctype, Bytes(r.len - 4, 0)));
@@ -98,9 +94,6 @@ TEST(PlainLabels, PlainValidatorsIgnoreTheCType) {
                   rsvp_valid_gen_label_req(nullptr) + rsvp_lsp_packet_switched(nullptr) +
                   rsvp_generalized_label_valid(nullptr, 16) + RSVP_LABEL_LENGTH(nullptr),
               0);
-}
-
-TEST(PlainLabels, BuildExtractSetAndCopy) {
     Bytes label(8), request(8, 0xEE), gen(8);
     EXPECT_EQ(rsvp_build_label(label.data(), 0x12345), label.data());
     rsvp_build_label_request(request.data(), RSVP_L3PID_IPV4);

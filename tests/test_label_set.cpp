@@ -5,7 +5,7 @@
 
 using namespace rsvp_test;
 
-TEST(LabelSet, BuildAddExtract) {
+TEST(LabelSet, BuildAddExtractAndValidatorsDiffer) {
     Bytes b(20, 0xEE), d(16, 0xEE);
     EXPECT_EQ(rsvp_build_label_set_obj(b.data(), RSVP_LABEL_SET_INCLUSIVE_LIST, 0xC101), b.data());
     rsvp_add_label_set_obj(b.data(), 16);
@@ -44,11 +44,8 @@ TEST(LabelSet, BuildAddExtract) {
     rsvp_add_label_set_obj(short_obj.data(), 5);
     EXPECT_EQ(to_hex(odd) + " | " + to_hex(short_obj),
               "00 0e 24 01 00 00 00 01 01 02 03 04 | 00 07 24 01");
-}
-
-// The plain validator reads byte 7 of the type alone and takes any number of labels from the
-// minimum; the 32-bit one masks the type to 14 bits and wants a range of exactly two labels.
-TEST(LabelSet, ValidatorsDifferOnPurpose) {
+    // The plain validator reads byte 7 of the type alone and takes any number of labels from the
+    // minimum; the 32-bit one masks the type to 14 bits and wants a range of exactly two labels.
     struct Row {
         uint8_t cls, ctype, action;
         uint16_t type;

@@ -89,9 +89,8 @@ TEST(ReverseLsp, DeepestNestingValidatesOnASmallStack) {
 }
 
 TEST(ReverseLsp, SumOfLengthsAndUnsupportedContents) {
-    // Later EXPLICIT_ROUTE and SENDER_TSPEC objects are left out (ERO 16, ERO 12, TSPEC 36,
-    // RRO 8 sum to 60); a Length of 0 ends the walk; a 9-byte object is followed by one whose
-    // Length and class byte still lie inside the container.
+    // Later EROs and TSPECs are left out (16 + 36 + 8); a Length of 0 ends the walk; behind a
+    // 9-byte object, one whose Length and class byte still lie inside the container counts.
     const std::pair<std::string, int> sums[] = {
         {"00 10 14 01 01 08 0a 00 0c 02 20 00 81 04 00 00 " + kEro + kTspec + kRro, 60},
         {kTspec + kEro + kTspec + "00 00 00 00 " + kRro, 36 + 12},

@@ -37,14 +37,14 @@ TEST(GeneralizedUni, BuildAddsEachTnaOnce) {
     EXPECT_EQ(rsvp_add_dst_tna_ipv4(hex("00 02 d0 01").data(), kSrc), 0);  // Length below 4
 }
 
-TEST(GeneralizedUni, SubobjectValidation) {
-    // The first five are valid.
+TEST(GeneralizedUni, SubobjectsAndTheWalkerLookingBehindTheEnd) {
+    // The first five are valid; a TNA has 8 bytes exactly.
     const char *rows[] = {"00 08 01 01 0a 00 00 01",
                           "00 08 02 01 0a 00 00 01",
                           "00 04 03 01",
                           "00 0c 04 01 00 00 00 01 00 00 00 02",
                           "00 08 05 01 00 00 00 00",
-                          "00 0c 01 01 0a 00 00 01 00 00 00 00",  // a TNA is 8 bytes
+                          "00 0c 01 01 0a 00 00 01 00 00 00 00",
                           "00 08 06 01 00 00 00 00",
                           "00 08 02 02 0a 00 00 01",
                           "00 06 03 01 00 00 00 00",
@@ -68,10 +68,7 @@ TEST(GeneralizedUni, SubobjectValidation) {
     EXPECT_EQ(rsvp_valid_gen_uni_attr(hex("00 04 d0 02").data()) +
                   rsvp_valid_gen_uni_attr_subobject(nullptr),
               0);
-}
-
-// A candidate at the object end is examined: what lies behind is returned if it looks valid.
-TEST(GeneralizedUni, WalkerLooksBehindTheObjectEnd) {
+    // A candidate at the object end is examined: what lies behind is returned if it looks valid.
     const Bytes one = object(208, 1, hex("00 04 03 01"));
     Bytes b = concat({one, hex("00 08 02 01 0a 00 00 09")});
     uint8_t *first = rsvp_extract_gen_uni_attr_next_subobj(b.data(), nullptr);
