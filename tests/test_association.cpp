@@ -44,9 +44,8 @@ TEST(Association, BuildersAndValidators) {
         for (int len = 0; len <= 44; ++len) {
             SCOPED_TRACE(testing::Message() << "c-type " << ctype << " length " << len);
             Bytes o = object(199, static_cast<uint8_t>(ctype), Bytes(40, 0), len);
-            const bool valid = ctype <= 2   ? len == fixed[ctype - 1]
-                               : ctype <= 4 ? len >= fixed[ctype - 1] && len % 4 == 0
-                                            : false;
+            const bool valid = ctype <= 2 ? len == fixed[ctype - 1]
+                                          : ctype <= 4 && len >= fixed[ctype - 1] && len % 4 == 0;
             EXPECT_EQ(rsvp_valid_object(o.data()), valid ? 1u : 0u);
             for (int f = 0; f < 4; ++f)
                 EXPECT_EQ(forms[f](o.data()), f + 1 == ctype && valid);
