@@ -21,8 +21,7 @@ TEST(LabelSet, BuildAddExtractAndValidatorsDiffer) {
     uint32_t *labels = nullptr, n = 0, out[2] = {7, 7};
     uint8_t count = 0, action = 9, action32 = 9;
     uint16_t type = 0;
-    // Refusals (the plain extractor on the class-130 set, a wrong count or class, a null output)
-    // leave the outputs untouched.
+    // Refusals (plain extractor on class 130, wrong count or class, null output) write nothing.
     EXPECT_EQ(rsvp_extract_label_set_obj(d.data(), &labels, &count, &action, &type) +
                   rsvp_extract_32bit_label_set_obj_labels(d.data(), 130, 1, out) +
                   rsvp_extract_32bit_label_set_obj_labels(d.data(), 36, 2, out) +

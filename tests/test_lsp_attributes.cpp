@@ -7,10 +7,10 @@ using namespace rsvp_test;
 
 // Flag n is wire bit 31 - n, any TLV type is read. The add reads existing TLV lengths
 // unconverted: an 8-byte TLV reads as 2048 here, so the flags TLV can only go in first.
-TEST(LspAttributes, FlagsTlvIsAddedFirstOnlyAndBitReversed) {
-    const std::pair<uint32_t, const char *> rows[] = {
+TEST(LspAttributes, FlagsTlvValidatorAndWalk) {
+    const std::pair<uint32_t, const char *> flag_rows[] = {
         {0x00000001, "80 00 00 00"}, {0x0000F00F, "f0 0f 00 00"}, {0x12345678, "1e 6a 2c 48"}};
-    for (const auto &[flags, wire] : rows) {
+    for (const auto &[flags, wire] : flag_rows) {
         Bytes o(16, 0xEE);
         rsvp_build_lsp_attributes(o.data(), 0);
         EXPECT_EQ(rsvp_add_lsp_attr_attribute_flags_tlv(o.data(), flags), 1);
@@ -35,10 +35,7 @@ TEST(LspAttributes, FlagsTlvIsAddedFirstOnlyAndBitReversed) {
         EXPECT_EQ(rsvp_add_lsp_attr_attribute_flags_tlv(cut.data(), 2), 0) << len;
     }
     EXPECT_EQ(rsvp_add_lsp_attr_attribute_flags_tlv(nullptr, 2), 0);
-}
-
-// TLVs of at least 4 bytes (not necessarily words) must end exactly at the Length.
-TEST(LspAttributes, ValidatorAndWalk) {
+    // TLVs of at least 4 bytes (not necessarily words) must end exactly at the Length.
     const std::pair<const char *, int> rows[] = {
         {"", 1},
         {"0001 0008 00000000", 1},

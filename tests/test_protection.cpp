@@ -49,7 +49,6 @@ TEST(Protection, AccessorsOwnTheirBitsAndNeedTheirValidator) {
             for (int b = 0; b < 8; ++b)
                 EXPECT_EQ(ones[4 + b], uint8_t(0xFF & ~hex(a.body)[b]));
             EXPECT_EQ(a.get[which](ones.data()) + a.get[which](nullptr), 0u);
-            // The twin's object reads 0 and is not touched.
             Bytes twin = object(which ? 37 : 190, which ? 2 : 252, Bytes(8, 0xFF)), twin0 = twin;
             a.set[which](twin.data(), 0);
             EXPECT_EQ(a.get[which](twin.data()) + (twin != twin0), 0u);
@@ -81,9 +80,6 @@ TEST(Protection, BuildersAndValidators) {
         EXPECT_EQ(rsvp_valid_pvt_protection(o.data()), valid);
     }
     EXPECT_EQ(rsvp_valid_pvt_protection_subobject(nullptr) + rsvp_valid_pvt_protection(nullptr), 0);
-}
-
-TEST(PvtProtection, AddWalkExtract) {
     Bytes o(48, 0);
     rsvp_build_pvt_protection(o.data());
     o[34] = 0xAA, o[37] = 0xBB;  // inside the future SNC words: merged, not cleared

@@ -29,7 +29,7 @@ Bytes reverse_lsp(const std::string &contents) {
 
 }  // namespace
 
-TEST(ReverseLsp, BuildAddAndValidate) {
+TEST(ReverseLsp, BuildAddValidateAndSum) {
     Bytes b(64, 0xEE);
     rsvp_build_reverse_lsp(b.data());
     // Refused, nothing written: an invalid or an unknown-class object.
@@ -66,6 +66,23 @@ TEST(ReverseLsp, BuildAddAndValidate) {
     }
     for (const char *h : {"00 04 cb 02", "00 0a cb 01 00 04 0e 01 00 00", "00 04 ca 01"})
         EXPECT_EQ(rsvp_valid_reverse_lsp(hex(h).data()), 0) << h;
+    // Later EROs and TSPECs are left out (16 + 36 + 8); a Length of 0 ends the walk; behind a
+    // 9-byte object, one whose Length and class byte still lie inside the container counts.
+    const std::pair<std::string, int> sums[] = {
+        {"00 10 14 01 01 08 0a 00 0c 02 20 00 81 04 00 00 " + kEro + kTspec + kRro, 60},
+        {kTspec + kEro + kTspec + "00 00 00 00 " + kRro, 36 + 12},
+        {"00 09 15 01 00 00 00 00 00 00 02 15 ", 9 + 2}};
+    for (const auto &[contents, sum] : sums)
+        EXPECT_EQ(rsvp_compute_reverse_lsp_sub_objs_len(reverse_lsp(contents).data()), sum);
+    // Run, length given, answer: the walk ends at the given length; only 0 looks at nothing,
+    // a shorter one still looks at the first object.
+    const std::tuple<std::string, uint16_t, int> runs[] = {
+        {kEro + kTspec + kEro, 60, 0},  {kEro + kRro, 20, 1}, {kEro + kRro, 12, 0},
+        {"00 04 00 00 " + kEro, 16, 1}, {kRro, 3, 1},         {kRro, 0, 0}};
+    for (const auto &[run, length, unsupported] : runs) {
+        HeapBytes r = heap_copy(hex(run.c_str()));
+        EXPECT_EQ(rsvp_reverse_lsp_subs_inc_unsupported(r.data(), length), unsupported) << run;
+    }
 }
 
 // 16,383 nested containers, the most 64 KB allow, validated on a 128 KB stack.
@@ -86,24 +103,4 @@ TEST(ReverseLsp, DeepestNestingValidatesOnASmallStack) {
     };
     ASSERT_EQ(pthread_create(&thread, &attr, run, nullptr) + pthread_join(thread, nullptr), 0);
     EXPECT_EQ(verdicts, 10u);
-}
-
-TEST(ReverseLsp, SumOfLengthsAndUnsupportedContents) {
-    // Later EROs and TSPECs are left out (16 + 36 + 8); a Length of 0 ends the walk; behind a
-    // 9-byte object, one whose Length and class byte still lie inside the container counts.
-    const std::pair<std::string, int> sums[] = {
-        {"00 10 14 01 01 08 0a 00 0c 02 20 00 81 04 00 00 " + kEro + kTspec + kRro, 60},
-        {kTspec + kEro + kTspec + "00 00 00 00 " + kRro, 36 + 12},
-        {"00 09 15 01 00 00 00 00 00 00 02 15 ", 9 + 2}};
-    for (const auto &[contents, sum] : sums)
-        EXPECT_EQ(rsvp_compute_reverse_lsp_sub_objs_len(reverse_lsp(contents).data()), sum);
-    // Run, length given, answer: the walk ends at the given length; only 0 looks at nothing,
-    // a shorter one still looks at the first object.
-    const std::tuple<std::string, uint16_t, int> runs[] = {
-        {kEro + kTspec + kEro, 60, 0},  {kEro + kRro, 20, 1}, {kEro + kRro, 12, 0},
-        {"00 04 00 00 " + kEro, 16, 1}, {kRro, 3, 1},         {kRro, 0, 0}};
-    for (const auto &[run, length, unsupported] : runs) {
-        HeapBytes r = heap_copy(hex(run.c_str()));
-        EXPECT_EQ(rsvp_reverse_lsp_subs_inc_unsupported(r.data(), length), unsupported) << run;
-    }
 }

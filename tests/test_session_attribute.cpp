@@ -10,11 +10,11 @@ using namespace rsvp_test;
 // The builder adds a 20-byte head although C-Type 7 needs 8: 12 counted zero bytes follow the
 // name. C-Type 7 is valid from 8 bytes, C-Type 1 from 20, whole words, priorities 0..7 only.
 TEST(SessionAttribute, BuildAddsTwentyBytesAndValidatorBoundaries) {
-    const char *rows[][2] = {{"", "00 14 cf 07 07 03 05 00  00000000 00000000 00000000"},
-                             {"LSP-to-PE3-xy",
-                              "00 24 cf 07 07 03 05 0d  4c53502d 746f2d50 45332d78 79000000"
-                              "00000000 00000000 00000000"}};
-    for (const auto &[name, bytes] : rows) {
+    const char *builds[][2] = {{"", "00 14 cf 07 07 03 05 00  00000000 00000000 00000000"},
+                               {"LSP-to-PE3-xy",
+                                "00 24 cf 07 07 03 05 0d  4c53502d 746f2d50 45332d78 79000000"
+                                "00000000 00000000 00000000"}};
+    for (const auto &[name, bytes] : builds) {
         SCOPED_TRACE(name);
         Bytes b(hex(bytes).size() + 4, 0xEE);
         rsvp_build_session_attribute(b.data(), 7, 3, 5, uint8_t(strlen(name)), name);
@@ -39,12 +39,8 @@ TEST(SessionAttribute, BuildAddsTwentyBytesAndValidatorBoundaries) {
     EXPECT_EQ(rsvp_valid_session_attribute(object(206, 7, Bytes(4, 0)).data()) +
                   rsvp_valid_session_attribute(nullptr),
               0);
-}
-
-// The validator clamps the name length in place; C-Type 7 extracts zero masks. The protected
-// bit is read unvalidated; the flag accessors validate first, as rsvp_valid_object does.
-TEST(SessionAttribute, ClampExtractAndFlags) {
-    // C-Type, Length, name length before and after validation.
+    // The validator clamps the name length in place (C-Type, Length, name length before, after);
+    // C-Type 7 extracts zero masks. The protected bit is read unvalidated, the flags are not.
     const int rows[][4] = {{7, 12, 9, 4}, {7, 12, 3, 3}, {7, 8, 255, 0}, {1, 24, 200, 4}};
     for (const auto &[c_type, length, before, after] : rows) {
         const int at = c_type == 1 ? 19 : 7;
