@@ -56,7 +56,7 @@ TEST(Protection, AccessorsOwnTheirBitsAndNeedTheirValidator) {
     }
 }
 
-TEST(Protection, BuildersAndValidators) {
+TEST(PvtProtection, BuildValidateAddWalkExtract) {
     Bytes p(16, 0xEE), v(16, 0xEE);
     rsvp_build_protection(p.data());
     rsvp_build_pvt_protection(v.data());
