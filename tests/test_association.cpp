@@ -12,7 +12,7 @@ const uint32_t kSrc = ip("10.0.0.1");
 const uint32_t kIds[] = {7, 0x01020304, 9};
 }  // namespace
 
-TEST(Association, BuildersWriteEachForm) {
+TEST(Association, BuildersAndValidators) {
     Bytes b(44, 0xEE);
     ASSERT_EQ(rsvp_build_association_ipv4(b.data(), 1, 0x0203, kSrc), 1);
     EXPECT_EQ(to_hex(b.data(), 13), "00 0c c7 01 00 01 02 03 0a 00 00 01 ee");  // type, ID, src
@@ -36,9 +36,6 @@ TEST(Association, BuildersWriteEachForm) {
                   rsvp_build_association_ipv4_ext(nullptr, 1, 1, kSrc, 0, nullptr, 0),
               0);
     EXPECT_EQ(to_hex(b.data(), 6), "00 18 c7 03 00 01");
-}
-
-TEST(Association, ValidatorsFollowTheLengthRuleOfEachForm) {
     int (*const forms[])(uint8_t *) = {rsvp_valid_association_ipv4, rsvp_valid_association_ipv6,
                                        rsvp_valid_association_ipv4_ext,
                                        rsvp_valid_association_ipv6_ext};
@@ -47,9 +44,8 @@ TEST(Association, ValidatorsFollowTheLengthRuleOfEachForm) {
         for (int len = 0; len <= 44; ++len) {
             SCOPED_TRACE(testing::Message() << "c-type " << ctype << " length " << len);
             Bytes o = object(199, static_cast<uint8_t>(ctype), Bytes(40, 0), len);
-            const bool valid = ctype <= 2   ? len == fixed[ctype - 1]
-                               : ctype <= 4 ? len >= fixed[ctype - 1] && len % 4 == 0
-                                            : false;
+            const bool valid = ctype <= 2 ? len == fixed[ctype - 1]
+                                          : ctype <= 4 && len >= fixed[ctype - 1] && len % 4 == 0;
             EXPECT_EQ(rsvp_valid_object(o.data()), valid ? 1u : 0u);
             for (int f = 0; f < 4; ++f)
                 EXPECT_EQ(forms[f](o.data()), f + 1 == ctype && valid);
@@ -58,8 +54,7 @@ TEST(Association, ValidatorsFollowTheLengthRuleOfEachForm) {
         }
 }
 
-// No validation: the fields are read wherever they lie. A refusal for lack of room still
-// writes the fixed fields and the count.
+// No validation; a refusal for lack of room still writes the fixed fields and the count.
 TEST(Association, ExtractorsTrustTheirCaller) {
     Bytes o = hex("00 0c 01 07 00 04 00 05 0a 00 00 01");  // class 1: read all the same
     uint16_t type = 0, id = 0, count = 0;

@@ -5,7 +5,7 @@
 
 using namespace rsvp_test;
 
-TEST(LabelSet, BuildAddExtract) {
+TEST(LabelSet, BuildAddExtractAndValidatorsDiffer) {
     Bytes b(20, 0xEE), d(16, 0xEE);
     EXPECT_EQ(rsvp_build_label_set_obj(b.data(), RSVP_LABEL_SET_INCLUSIVE_LIST, 0xC101), b.data());
     rsvp_add_label_set_obj(b.data(), 16);
@@ -21,8 +21,7 @@ TEST(LabelSet, BuildAddExtract) {
     uint32_t *labels = nullptr, n = 0, out[2] = {7, 7};
     uint8_t count = 0, action = 9, action32 = 9;
     uint16_t type = 0;
-    // Refusals (the plain extractor on the class-130 set, a wrong count or class, a null output)
-    // leave the outputs untouched.
+    // Refusals (plain extractor on class 130, wrong count or class, null output) write nothing.
     EXPECT_EQ(rsvp_extract_label_set_obj(d.data(), &labels, &count, &action, &type) +
                   rsvp_extract_32bit_label_set_obj_labels(d.data(), 130, 1, out) +
                   rsvp_extract_32bit_label_set_obj_labels(d.data(), 36, 2, out) +
@@ -44,12 +43,8 @@ TEST(LabelSet, BuildAddExtract) {
     rsvp_add_label_set_obj(short_obj.data(), 5);
     EXPECT_EQ(to_hex(odd) + " | " + to_hex(short_obj),
               "00 0e 24 01 00 00 00 01 01 02 03 04 | 00 07 24 01");
-}
-
-// The two validators judge the same bytes differently: the plain one reads byte 7 of the label
-// type alone and takes any number of labels from the minimum; the 32-bit one masks the type to
-// 14 bits and wants a range of exactly two labels.
-TEST(LabelSet, ValidatorsDifferOnPurpose) {
+    // The plain validator reads byte 7 of the type alone and takes any number of labels from the
+    // minimum; the 32-bit one masks the type to 14 bits and wants a range of exactly two labels.
     struct Row {
         uint8_t cls, ctype, action;
         uint16_t type;

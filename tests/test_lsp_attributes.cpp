@@ -1,19 +1,16 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "rsvp_object_lib.h"
 #include "test_util.hpp"
 
 using namespace rsvp_test;
 
-// Flag n at the interface is wire bit 31 - n, both ways, and any TLV type is read. The flags
-// TLV goes in first only: the add reads existing TLV lengths unconverted, so on this
-// little-endian host an 8-byte TLV reads as 2048 and a second add refuses.
-TEST(LspAttributes, FlagsTlvIsAddedFirstOnlyAndBitReversed) {
-    const std::pair<uint32_t, const char *> rows[] = {
+// Flag n is wire bit 31 - n, any TLV type is read. The add reads existing TLV lengths
+// unconverted: an 8-byte TLV reads as 2048 here, so the flags TLV can only go in first.
+TEST(LspAttributes, FlagsTlvValidatorAndWalk) {
+    const std::pair<uint32_t, const char *> flag_rows[] = {
         {0x00000001, "80 00 00 00"}, {0x0000F00F, "f0 0f 00 00"}, {0x12345678, "1e 6a 2c 48"}};
-    for (const auto &[flags, wire] : rows) {
+    for (const auto &[flags, wire] : flag_rows) {
         Bytes o(16, 0xEE);
         rsvp_build_lsp_attributes(o.data(), 0);
         EXPECT_EQ(rsvp_add_lsp_attr_attribute_flags_tlv(o.data(), flags), 1);
@@ -38,10 +35,7 @@ TEST(LspAttributes, FlagsTlvIsAddedFirstOnlyAndBitReversed) {
         EXPECT_EQ(rsvp_add_lsp_attr_attribute_flags_tlv(cut.data(), 2), 0) << len;
     }
     EXPECT_EQ(rsvp_add_lsp_attr_attribute_flags_tlv(nullptr, 2), 0);
-}
-
-// TLVs of at least 4 bytes (not necessarily words) must end exactly at the Length.
-TEST(LspAttributes, ValidatorAndWalk) {
+    // TLVs of at least 4 bytes (not necessarily words) must end exactly at the Length.
     const std::pair<const char *, int> rows[] = {
         {"", 1},
         {"0001 0008 00000000", 1},
@@ -76,7 +70,7 @@ TEST(LspAttributes, ValidatorAndWalk) {
     EXPECT_EQ(rsvp_valid_lsp_attributes(two.data()) + rsvp_valid_lsp_attributes(nullptr), 0);
 }
 
-TEST(Diffserv, ValidatorFollowsMapCount) {
+TEST(Diffserv, ValidatorFollowsMapCountAndEntries) {
     const std::string nine(72, '0');  // nine zero words
     const struct {
         uint8_t c_type;
@@ -100,16 +94,13 @@ TEST(Diffserv, ValidatorFollowsMapCount) {
     EXPECT_EQ(rsvp_valid_diffserv(header_only.data()) + rsvp_valid_diffserv(nullptr) +
                   rsvp_diffserv_length(nullptr, 2),
               0);
-}
-
-// Entries as this library lays them out: PHBID in the high half, EXP in bits 15..13.
-TEST(Diffserv, EntriesAndPsc) {
+    // Entries as this library lays them out: PHBID in the high half, EXP in bits 15..13.
     Bytes e = object(65, 1, hex("20000000 0012a000 ffff1fff abcd6000"), 16);
     Bytes l = object(65, 2, hex("abcd ffff"));
     // The index is the caller's to bound: entry 2 lies behind the Length and is read all the
     // same. Only a null object answers 9 (and PHBID 0).
-    const int rows[][3] = {{0, 0x12, 5}, {1, 0xffff, 0}, {2, 0xabcd, 3}};
-    for (const auto &[i, phbid, exp] : rows) {
+    const int reads[][3] = {{0, 0x12, 5}, {1, 0xffff, 0}, {2, 0xabcd, 3}};
+    for (const auto &[i, phbid, exp] : reads) {
         EXPECT_EQ(rsvp_diffserv_get_phbid(e.data(), uint8_t(i)), phbid) << i;
         EXPECT_EQ(rsvp_diffserv_get_exp(e.data(), uint8_t(i)), exp) << i;
     }
@@ -123,8 +114,7 @@ TEST(Diffserv, EntriesAndPsc) {
                   rsvp_extract_diffserv_e_lsp(e.data(), &n, nullptr),
               0);
     uint16_t psc = 0;
-    EXPECT_EQ(rsvp_extract_diffserv_l_lsp(l.data(), &psc), 1);
-    EXPECT_EQ(psc, 0xabcd);
+    EXPECT_EQ(rsvp_extract_diffserv_l_lsp(l.data(), &psc) * 0x10000 + psc, 0x1abcd);
     EXPECT_EQ(
         rsvp_extract_diffserv_l_lsp(nullptr, &psc) + rsvp_extract_diffserv_l_lsp(l.data(), nullptr),
         0);
@@ -135,7 +125,6 @@ TEST(ClassType, BuildMasksAndValidatorIgnoresLength) {
     Bytes b(12, 0xEE), wrong = object(66, 2, hex("00000001"));
     rsvp_build_class_type(b.data(), 9);
     EXPECT_EQ(to_hex(b), "00 08 42 01 00 00 00 01 ee ee ee ee");
-    EXPECT_EQ(rsvp_get_class_type(b.data()), 1);
     for (int len : {4, 8, 12, 64}) {
         Bytes o = object(66, 1, hex("ffffffff"), len);
         EXPECT_EQ(rsvp_valid_class_type(o.data()) * 10 + rsvp_get_class_type(o.data()), 17) << len;

@@ -7,7 +7,7 @@
 
 using namespace rsvp_test;
 
-TEST(S2lSubLsp, BuildValidateExtract) {
+TEST(S2lSubLspAndWrapLabel, BuildValidateExtract) {
     Bytes b(9, 0xEE);
     rsvp_build_s2l_sub_lsp_ipv4(b.data(), ip("10.0.0.7"));
     EXPECT_EQ(to_hex(b), "00 08 32 01 0a 00 00 07 ee");
@@ -27,10 +27,7 @@ TEST(S2lSubLsp, BuildValidateExtract) {
     EXPECT_EQ(RSVP_S2L_SUB_LSP_DESTINATION(pol.data()), 0u);
     pol[1] = 8;
     EXPECT_EQ(RSVP_S2L_SUB_LSP_DESTINATION(pol.data()), ip("10.0.0.7"));
-}
-
-TEST(LspWrapLabel, BuildValidateExtract) {
-    Bytes b(9, 0xEE);
+    std::fill(b.begin(), b.end(), 0xEE);
     const uint32_t label = 0x00012345;
     ASSERT_EQ(rsvp_build_lsp_wrap_label(b.data(), &label), 1);
     EXPECT_EQ(to_hex(b), "00 08 eb 01 00 01 23 45 ee");

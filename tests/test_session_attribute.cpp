@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <string>
 #include <tuple>
 
 #include "rsvp_object_lib.h"
@@ -9,24 +7,19 @@
 
 using namespace rsvp_test;
 
-// The builder counts a 20-byte head although C-Type 7 needs 8: 12 zero bytes always follow the
-// padded name, and nothing is written behind the Length.
-TEST(SessionAttribute, BuildAddsTwentyBytesToTheName) {
-    const char *rows[][2] = {{"", "00 14 cf 07 07 03 05 00  00000000 00000000 00000000"},
-                             {"A", "00 18 cf 07 07 03 05 01  41000000 00000000 00000000 00000000"},
-                             {"LSP-to-PE3-xy",
-                              "00 24 cf 07 07 03 05 0d  4c53502d 746f2d50 45332d78 79000000"
-                              "00000000 00000000 00000000"}};
-    for (const auto &[name, bytes] : rows) {
+// The builder adds a 20-byte head although C-Type 7 needs 8: 12 counted zero bytes follow the
+// name. C-Type 7 is valid from 8 bytes, C-Type 1 from 20, whole words, priorities 0..7 only.
+TEST(SessionAttribute, BuildAddsTwentyBytesAndValidatorBoundaries) {
+    const char *builds[][2] = {{"", "00 14 cf 07 07 03 05 00  00000000 00000000 00000000"},
+                               {"LSP-to-PE3-xy",
+                                "00 24 cf 07 07 03 05 0d  4c53502d 746f2d50 45332d78 79000000"
+                                "00000000 00000000 00000000"}};
+    for (const auto &[name, bytes] : builds) {
         SCOPED_TRACE(name);
         Bytes b(hex(bytes).size() + 4, 0xEE);
         rsvp_build_session_attribute(b.data(), 7, 3, 5, uint8_t(strlen(name)), name);
         EXPECT_EQ(to_hex(b), to_hex(hex(bytes)) + " ee ee ee ee");
     }
-}
-
-// C-Type 7 from 8 bytes, C-Type 1 from 20, whole words only; priorities 0..7; no other C-Type.
-TEST(SessionAttribute, ValidatorBoundaries) {
     for (uint8_t c_type : {1, 7, 2}) {
         for (unsigned len = 0; len <= 28; ++len) {
             SCOPED_TRACE(testing::Message() << int(c_type) << " length " << len);
@@ -43,16 +36,11 @@ TEST(SessionAttribute, ValidatorBoundaries) {
             EXPECT_EQ(rsvp_valid_session_attribute(o.data()), c_type != 2 && prio == 0);
         }
     }
-    Bytes wrong_class = object(206, 7, Bytes(4, 0));
-    EXPECT_EQ(
-        rsvp_valid_session_attribute(wrong_class.data()) + rsvp_valid_session_attribute(nullptr),
-        0);
-}
-
-// The validator repairs a name length that does not fit, in the object itself; C-Type 7
-// extracts with zero masks, C-Type 1 with its masks in host order.
-TEST(SessionAttribute, ClampAndExtract) {
-    // C-Type, Length, name length before and after validation.
+    EXPECT_EQ(rsvp_valid_session_attribute(object(206, 7, Bytes(4, 0)).data()) +
+                  rsvp_valid_session_attribute(nullptr),
+              0);
+    // The validator clamps the name length in place (C-Type, Length, name length before, after);
+    // C-Type 7 extracts zero masks. The protected bit is read unvalidated, the flags are not.
     const int rows[][4] = {{7, 12, 9, 4}, {7, 12, 3, 3}, {7, 8, 255, 0}, {1, 24, 200, 4}};
     for (const auto &[c_type, length, before, after] : rows) {
         const int at = c_type == 1 ? 19 : 7;
@@ -73,16 +61,10 @@ TEST(SessionAttribute, ClampAndExtract) {
     };
     EXPECT_EQ(extract(ra), std::tuple(1, "ABCD", 251, 1u, 2u, 0x80000003u));
     EXPECT_EQ(extract(t7), std::tuple(1, "XY", 123, 0u, 0u, 0u));
-    t7[4] = 8;  // setup priority 8: invalid, outputs stay
-    EXPECT_EQ(extract(t7), std::tuple(0, "XY", 123, 0u, 0u, 0u));
-}
-
-// protected reads the local-protection bit unvalidated; the flag accessors validate first, and
-// the setter writes into any valid object of C-Type 7 or 1 whose Length covers the flags.
-TEST(SessionAttribute, FlagsAndProtection) {
-    Bytes t7 = object(207, 7, hex("09 07 03 00")), ra = object(207, 1, Bytes(16, 0));
+    t7[4] = 9;  // setup priority 9: invalid, outputs stay, but the protected bit is read
     ra[18] = 0x02;
-    EXPECT_EQ(rsvp_session_attribute_protected(t7.data()) * 10 +  // priority 9: still read
+    EXPECT_EQ(extract(t7), std::tuple(0, "XY", 123, 0u, 0u, 0u));
+    EXPECT_EQ(rsvp_session_attribute_protected(t7.data()) * 10 +
                   rsvp_session_attribute_protected(ra.data()),
               10);
     EXPECT_EQ(RSVP_SESSION_ATTRIBUTE_FLAGS(t7.data()), 0u);
@@ -98,8 +80,7 @@ TEST(SessionAttribute, FlagsAndProtection) {
     t7[3] = 2;
     EXPECT_EQ(
         rsvp_session_attribute_protected(t7.data()) + rsvp_session_attribute_protected(nullptr), 0);
-    // A valid 16-byte SESSION of C-Type 7 takes the write at offset 6; an 8-byte TIME_VALUES
-    // (C-Type 1) is too short for offset 18 and is left alone.
+    // A valid SESSION of C-Type 7 takes the write; a TIME_VALUES is too short for offset 18.
     Bytes session = object(1, 7, hex("0a000003 00000001 0a000001"));
     Bytes tv = concat({object(5, 1, hex("00 00 75 30")), Bytes(12, 0xEE)});
     RSVP_SESSION_ATTRIBUTE_SET_FLAGS(session.data(), 0xAB);
